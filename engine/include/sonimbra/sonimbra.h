@@ -1,0 +1,52 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+/// Everything an application needs: create an engine, register sounds, play them.
+
+#include <sonimbra/E_SOUND_ENGINE_OPTIONS.h>
+#include <sonimbra/E_SOUND_OUTPUT_DRIVER.h>
+#include <sonimbra/E_STREAM_MODE.h>
+#include <sonimbra/IAudioStream.h>
+#include <sonimbra/IAudioStreamLoader.h>
+#include <sonimbra/IFileFactory.h>
+#include <sonimbra/IFileReader.h>
+#include <sonimbra/ILogger.h>
+#include <sonimbra/IOfflineSoundEngine.h>
+#include <sonimbra/IRefCounted.h>
+#include <sonimbra/ISound.h>
+#include <sonimbra/ISoundEffectControl.h>
+#include <sonimbra/ISoundEngine.h>
+#include <sonimbra/ISoundMixedOutputReceiver.h>
+#include <sonimbra/ISoundSource.h>
+#include <sonimbra/ISoundStopEventReceiver.h>
+#include <sonimbra/IVirtualRefCounted.h>
+#include <sonimbra/SAudioStreamFormat.h>
+#include <sonimbra/export.h>
+#include <sonimbra/vec3d.h>
+
+/// The version that an application was compiled with.
+#define SONIMBRA_VERSION "1.5.0"
+
+namespace sonimbra {
+
+/// Creates an engine. The caller owns the result and ends it with drop().
+///   driver      the output driver; AutoDetect tries DirectSound8 alone
+///   options     bits of E_SOUND_ENGINE_OPTIONS
+///   deviceID    DirectSound drivers: an output device's identifier; null for the default device
+///   sdkVersion  leave it: a version other than the library's gives a warning in the log
+/// Returns null when the driver does not exist on this system, does not start, or memory is out.
+/// Call it from any thread, but create and drop engines from one thread at a time.
+SONIMBRA_API ISoundEngine*
+createSonimbraDevice(E_SOUND_OUTPUT_DRIVER driver = E_SOUND_OUTPUT_DRIVER::AutoDetect,
+                     int options = DefaultOptions, const char* deviceID = nullptr,
+                     const char* sdkVersion = SONIMBRA_VERSION);
+
+/// Creates an engine without a device, whose output the application renders itself. The
+/// MultiThreaded bit is cleared; otherwise as createSonimbraDevice.
+SONIMBRA_API IOfflineSoundEngine*
+createSonimbraOfflineDevice(int options = DefaultOptions,
+                            const char* sdkVersion = SONIMBRA_VERSION);
+
+} // namespace sonimbra
