@@ -1,0 +1,126 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "io/disk.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+
+#include <direct.h>
+#include <io.h>
+#include <windows.h>
+
+namespace sn_internal::io {
+namespace {
+
+/// Into a buffer of twice the name's length plus one; a name that cannot be converted is empty.
+std::wstring widened(const char* text) {
+    std::wstring wide(2 * std::strlen(text) + 1, L'\0');
+    if (MultiByteToWideChar(CP_UTF8, 0, text, -1, wide.data(), static_cast<int>(wide.size())) ==
+        0) {
+        return std::wstring();
+    }
+    return wide.c_str();
+}
+
+bool narrow(const wchar_t* text, char* buffer, std::uint32_t size) {
+    if (WideCharToMultiByte(CP_UTF8, 0, text, -1, buffer, static_cast<int>(size), nullptr,
+                            nullptr) != 0) {
+        return true;
+    }
+    buffer[0] = 0;
+    return false;
+}
+
+FileEntry describe(const _wfinddata_t& found) {
+    char name[4 * sizeof(found.name) / sizeof(found.name[0])];
+    narrow(found.name, name, sizeof(name));
+    FileEntry entry;
+    entry.Name = name;
+    entry.Size = static_cast<std::int32_t>(found.size);
+    entry.isDirectory = (found.attrib & _A_SUBDIR) != 0;
+    return entry;
+}
+
+struct SPathParts {
+    char drive[_MAX_DRIVE] = "";
+    char directory[_MAX_DIR] = "";
+    char name[_MAX_FNAME] = "";
+    char extension[_MAX_EXT] = "";
+};
+
+/// Parts that are too long for the platform's splitter stay empty.
+SPathParts split(const char* path) {
+    SPathParts parts;
+    if (_splitpath_s(path, parts.drive, sizeof(parts.drive), parts.directory,
+                     sizeof(parts.directory), parts.name, sizeof(parts.name), parts.extension,
+                     sizeof(parts.extension)) != 0) {
+        return SPathParts();
+    }
+    return parts;
+}
+
+} // namespace
+
+std::FILE* openDiskFile(const char* name) {
+    return _wfopen(widened(name).c_str(), L"rb");
+}
+
+std::int32_t measureDiskFile(std::FILE* file) {
+    if (_fseeki64(file, 0, SEEK_END) != 0) {
+        return -1;
+    }
+    const __int64 size = _ftelli64(file);
+    if (size < 0 || size > INT32_MAX || _fseeki64(file, 0, SEEK_SET) != 0) {
+        return -1;
+    }
+    return static_cast<std::int32_t>(size);
+}
+
+bool readWorkingDirectory(char* buffer, std::uint32_t size) {
+    const std::unique_ptr<wchar_t, void (*)(void*)> folder(_wgetcwd(nullptr, 0), std::free);
+    if (!folder) {
+        buffer[0] = 0;
+        return false;
+    }
+    return narrow(folder.get(), buffer, size);
+}
+
+bool enterDirectory(const char* directory) {
+    return _wchdir(widened(directory).c_str()) == 0;
+}
+
+bool makeDirectory(const char* directory) {
+    return _wmkdir(widened(directory).c_str()) == 0 || errno == EEXIST;
+}
+
+sonimbra::string<char> directoryOf(const char* path) {
+    const SPathParts parts = split(path);
+    sonimbra::string<char> result(parts.drive);
+    result.append(parts.directory);
+    return result;
+}
+
+sonimbra::string<char> basenameOf(const char* path) {
+    const SPathParts parts = split(path);
+    sonimbra::string<char> result(parts.name);
+    result.append(parts.extension);
+    return result;
+}
+
+void listWorkingDirectory(sonimbra::array<FileEntry>& entries) {
+    _wfinddata_t found = {};
+    const std::intptr_t search = _wfindfirst(L"*", &found);
+    if (search == -1) {
+        return;
+    }
+    do {
+        entries.push_back(describe(found));
+    } while (_wfindnext(search, &found) == 0);
+    _findclose(search);
+}
+
+} // namespace sn_internal::io
