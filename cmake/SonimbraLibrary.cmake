@@ -1,0 +1,75 @@
+# Copyright (c) 2026 The Sonimbra developers
+# SPDX-License-Identifier: Zlib
+
+# The library: `sonimbra` (shared, Sonimbra::Sonimbra) and `sonimbra_static` (Sonimbra::Static).
+
+find_package(DUMB REQUIRED)
+set(THREADS_PREFER_PTHREAD_FLAG ON)
+find_package(Threads REQUIRED)
+
+sonimbra_collect_sources(sonimbra_sources core io streams engine drivers/software)
+file(GLOB sonimbra_public_headers CONFIGURE_DEPENDS
+     "${PROJECT_SOURCE_DIR}/engine/include/sonimbra/*.h")
+
+set(sonimbra_system_libraries Threads::Threads)
+if(WIN32)
+  list(APPEND sonimbra_system_libraries winmm)
+endif()
+
+if(NOT sonimbra_sources)
+  message(FATAL_ERROR "No library sources found below ${PROJECT_SOURCE_DIR}.")
+endif()
+
+# Compiles the sources once; the archive and the shared library are made from the same objects.
+function(sonimbra_add_objects target)
+  add_library(${target} OBJECT ${sonimbra_sources})
+  sonimbra_configure_target(${target})
+  sonimbra_hide_symbols(${target})
+  set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/engine/include")
+  target_link_libraries(${target} PRIVATE DUMB::DUMB Threads::Threads)
+endfunction()
+
+sonimbra_add_objects(sonimbra_objects)
+target_compile_definitions(sonimbra_objects PRIVATE SONIMBRA_BUILDING)
+set(sonimbra_static_objects sonimbra_objects)
+if(WIN32)
+  # Export marks are part of the object code there, and an archive must not carry them into the
+  # program that links it.
+  sonimbra_add_objects(sonimbra_objects_static)
+  target_compile_definitions(sonimbra_objects_static PRIVATE SONIMBRA_STATIC)
+  set(sonimbra_static_objects sonimbra_objects_static)
+endif()
+
+function(sonimbra_set_usage target)
+  target_include_directories(${target}
+                             PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/engine/include>")
+  target_compile_features(${target} INTERFACE cxx_std_17)
+endfunction()
+
+add_library(sonimbra SHARED $<TARGET_OBJECTS:sonimbra_objects>)
+add_library(Sonimbra::Sonimbra ALIAS sonimbra)
+sonimbra_configure_target(sonimbra)
+sonimbra_set_usage(sonimbra)
+set_target_properties(sonimbra PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME Sonimbra
+                                          VERSION ${PROJECT_VERSION} SOVERSION 1)
+target_link_libraries(sonimbra PRIVATE DUMB::DUMB ${sonimbra_system_libraries})
+if(WIN32)
+  set_target_properties(sonimbra PROPERTIES PREFIX "") # sonimbra.dll with every compiler
+  if(MINGW)
+    target_link_options(sonimbra PRIVATE LINKER:--exclude-all-symbols) # only what is marked
+  endif()
+elseif(NOT SONIMBRA_SANITIZE)
+  target_link_options(sonimbra PRIVATE LINKER:--no-undefined)
+endif()
+
+add_library(sonimbra_static STATIC $<TARGET_OBJECTS:${sonimbra_static_objects}>)
+add_library(Sonimbra::Static ALIAS sonimbra_static)
+sonimbra_set_usage(sonimbra_static)
+set_target_properties(sonimbra_static PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME Static)
+target_compile_definitions(sonimbra_static INTERFACE SONIMBRA_STATIC)
+target_link_libraries(sonimbra_static PUBLIC DUMB::DUMB ${sonimbra_system_libraries})
+
+if(SONIMBRA_INSTALL)
+  include(SonimbraInstall)
+endif()

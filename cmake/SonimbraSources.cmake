@@ -1,0 +1,22 @@
+# Copyright (c) 2026 The Sonimbra developers
+# SPDX-License-Identifier: Zlib
+
+# sonimbra_collect_sources(<variable> <folder>...)
+#
+# Lists the .cpp files of the folders (relative to the repository root; a folder that is not there
+# adds nothing) that belong to the target platform: *_win32.cpp and the WinMM back end on Windows,
+# *_posix.cpp elsewhere, and everything that carries no platform in its name.
+function(sonimbra_collect_sources variable)
+  set(sources)
+  foreach(folder IN LISTS ARGN)
+    file(GLOB found CONFIGURE_DEPENDS "${PROJECT_SOURCE_DIR}/${folder}/*.cpp")
+    list(APPEND sources ${found})
+  endforeach()
+  if(WIN32)
+    list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+  else()
+    list(FILTER sources EXCLUDE REGEX "_win32\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "/CSonimbraWinMM[^/]*\\.cpp$")
+  endif()
+  set(${variable} ${sources} PARENT_SCOPE)
+endfunction()
