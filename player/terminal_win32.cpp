@@ -1,0 +1,97 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "player/terminal.h"
+
+#include <atomic>
+#include <cstdlib>
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <shellapi.h>
+
+namespace player::terminal {
+namespace {
+
+std::atomic<bool> g_stopRequested{false};
+UINT g_codePageBefore = 0;
+
+/// Runs on a thread of the system. Passing the second request on ends the process.
+BOOL WINAPI onControl(DWORD) {
+    return g_stopRequested.exchange(true) ? FALSE : TRUE;
+}
+
+void restoreCodePage() {
+    SetConsoleOutputCP(g_codePageBefore);
+}
+
+std::string toUtf8(const wchar_t* text) {
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text, -1, nullptr, 0, nullptr, nullptr);
+    if (size < 1) {
+        return {};
+    }
+    std::string result(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text, -1, result.data(), size, nullptr, nullptr);
+    result.pop_back(); // the terminating zero
+    return result;
+}
+
+std::wstring toWide(const std::string& text) {
+    const int size = MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, nullptr, 0);
+    if (size < 1) {
+        return {};
+    }
+    std::wstring result(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.c_str(), -1, result.data(), size);
+    result.pop_back();
+    return result;
+}
+
+} // namespace
+
+void prepare() {
+    SetConsoleCtrlHandler(onControl, TRUE);
+    // Without a buffer the C library hands a console single bytes, which tears UTF-8 apart.
+    std::setvbuf(stdout, nullptr, _IOFBF, 4096);
+    g_codePageBefore = GetConsoleOutputCP();
+    if (g_codePageBefore != 0 && SetConsoleOutputCP(CP_UTF8)) {
+        std::atexit(restoreCodePage);
+    }
+}
+
+std::vector<std::string> arguments(int, char**) {
+    std::vector<std::string> result;
+    int count = 0;
+    wchar_t** const wide = CommandLineToArgvW(GetCommandLineW(), &count);
+    for (int i = 1; wide != nullptr && i < count; ++i) {
+        result.push_back(toUtf8(wide[i]));
+    }
+    LocalFree(wide);
+    return result;
+}
+
+bool outputIsTerminal() {
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(STD_OUTPUT_HANDLE), &mode) != 0;
+}
+
+int columns() {
+    CONSOLE_SCREEN_BUFFER_INFO info = {};
+    if (!GetConsoleScreenBufferInfo(GetStdHandle(STD_OUTPUT_HANDLE), &info)) {
+        return 80;
+    }
+    return info.srWindow.Right - info.srWindow.Left + 1;
+}
+
+bool stopRequested() {
+    return g_stopRequested;
+}
+
+std::FILE* openForWriting(const std::string& utf8Name) {
+    return _wfopen(toWide(utf8Name).c_str(), L"wb");
+}
+
+} // namespace player::terminal
