@@ -1,0 +1,135 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "player/realtime.h"
+
+#include <chrono>
+#include <thread>
+
+#include "player/batch.h"
+#include "player/exit_codes.h"
+#include "player/level_meter.h"
+#include "player/progress.h"
+#include "player/terminal.h"
+#include "player/text.h"
+
+namespace player {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using sonimbra::E_SOUND_OUTPUT_DRIVER;
+
+constexpr auto POLL_INTERVAL = std::chrono::milliseconds(20);
+constexpr double MIX_RATE = 44100.0;
+
+/// Automatic choice: what the library prefers, then the driver that every Windows has.
+Counted<sonimbra::ISoundEngine> createEngine(const Options& options) {
+    const int bits = engineOptions(options);
+    Counted<sonimbra::ISoundEngine> engine(sonimbra::createSonimbraDevice(options.driver, bits));
+    if (!engine && options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
+        engine.reset(sonimbra::createSonimbraDevice(E_SOUND_OUTPUT_DRIVER::WinMM, bits));
+    }
+    return engine;
+}
+
+int reportNoDriver(const Options& options) {
+    const std::string hint = "render to a file with --render OUT.wav";
+    printError(options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect
+                   ? "no sound driver works here; " + hint
+                   : "the driver \"" + options.driverName +
+                         "\" does not work here; try --driver auto, or " + hint);
+    return NoDriver;
+}
+
+class RealtimePlayer {
+public:
+    RealtimePlayer(sonimbra::ISoundEngine& engine, LevelMeter& meter, const Options& options)
+        : Engine(engine),
+          Meter(meter),
+          Settings(options),
+          Lines(options, "Playing"),
+          HasMeter(engine.setMixedDataOutputReceiver(&meter)) {}
+
+    int run() {
+        Engine.setListenerPosition({0, 0, 0}, {0, 0, 1});
+        int result = AllPlayed;
+        for (const auto& files : groups(Settings)) {
+            if (stopped()) {
+                break;
+            }
+            Batch batch(Engine, Settings, files);
+            result = batch.hasFailures() ? FileNotPlayable : result;
+            if (!batch.files().empty()) {
+                play(batch);
+            }
+        }
+        if (Started && !terminal::stopRequested()) {
+            drain();
+        }
+        return result;
+    }
+
+private:
+    void play(Batch& batch) {
+        Lines.begin(batch);
+        batch.start();
+        startClock();
+        const double begin = seconds();
+        while (!stopped() && !batch.isFinished()) {
+            batch.moveTo(seconds() - begin);
+            Lines.update(batch, HasMeter ? std::optional(Meter.takePeak()) : std::nullopt);
+            std::this_thread::sleep_for(POLL_INTERVAL);
+        }
+        Lines.end(batch, !batch.isFinished());
+    }
+
+    void startClock() {
+        if (!Started) {
+            Started = true;
+            FirstFrame = Meter.frames();
+            FirstTime = Clock::now();
+        }
+    }
+
+    /// Seconds of output since the first sound: what was mixed, where that can be watched.
+    double seconds() const {
+        if (HasMeter) {
+            return static_cast<double>(Meter.frames() - FirstFrame) / MIX_RATE;
+        }
+        return std::chrono::duration<double>(Clock::now() - FirstTime).count();
+    }
+
+    bool stopped() const {
+        return terminal::stopRequested() ||
+               (Started && Settings.seconds && seconds() >= *Settings.seconds);
+    }
+
+    /// Mixed sound stands in the device's queue for a while, and dropping the engine discards it.
+    /// The queue is 8192 frames long; the rest is for buffers of the system behind it.
+    void drain() {
+        const std::uint64_t end = Meter.frames() + 8192 + 4410;
+        const Clock::time_point limit = Clock::now() + std::chrono::seconds(1);
+        while (HasMeter && Meter.frames() < end && Clock::now() < limit) {
+            std::this_thread::sleep_for(POLL_INTERVAL);
+        }
+    }
+
+    sonimbra::ISoundEngine& Engine;
+    LevelMeter& Meter;
+    const Options& Settings;
+    Progress Lines;
+    bool HasMeter;
+    bool Started = false;
+    std::uint64_t FirstFrame = 0;
+    Clock::time_point FirstTime;
+};
+
+} // namespace
+
+int playFiles(const Options& options) {
+    LevelMeter meter; // outlives the engine, which calls it
+    const Counted<sonimbra::ISoundEngine> engine = createEngine(options);
+    return engine ? RealtimePlayer(*engine, meter, options).run() : reportNoDriver(options);
+}
+
+} // namespace player
