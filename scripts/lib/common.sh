@@ -69,20 +69,15 @@ packages_sound="pulseaudio pulseaudio-utils libasound2-plugins"
 
 jobs=${SONIMBRA_JOBS:-$(nproc)}
 
-# configure_and_build PRESET [CMAKE_OPTION...] -- [TARGET...]
+# configure_and_build PRESET FOLDER [CMAKE_OPTION...] -- [TARGET...]
 configure_and_build() {
-    local preset=$1 options=()
-    shift
+    local preset=$1 folder=$2 options=()
+    shift 2
     while [ $# -gt 0 ] && [ "$1" != -- ]; do
         options+=("$1")
         shift
     done
     [ $# -gt 0 ] && shift
-    local log="build/$preset.configure.log"
-    mkdir -p build
-    if ! cmake --preset "$preset" "${options[@]}" >"$log" 2>&1; then
-        cat "$log"
-        return 1
-    fi
-    cmake --build "build/$preset" --parallel "$jobs" ${1:+--target "$@"}
+    cmake --preset "$preset" -B "$folder" "${options[@]}" &&
+        cmake --build "$folder" --parallel "$jobs" ${1:+--target "$@"}
 }
