@@ -1,0 +1,211 @@
+#!/usr/bin/env python3
+# Copyright (c) 2026 The Sonimbra developers
+# SPDX-License-Identifier: Zlib
+"""Plays tones with the Windows player under Wine and listens to the sound server's null sink.
+
+Needs SONIMBRA_PLAYER (the program), SONIMBRA_WINE (what starts a Windows program) and a reachable
+sound server with a sink named `nul`; scripts/test provides all three. What is missing is a failure.
+"""
+
+import array
+import math
+import os
+import subprocess
+import tempfile
+import time
+import unittest
+import wave
+from dataclasses import dataclass
+from pathlib import Path
+
+RATE = 44100
+AMPLITUDE = 0.5
+FULL_SCALE = 32767
+LONGEST_GAP = RATE * 5 // 1000
+
+
+def sine_frames(rate, seconds, channel_pitches):
+    for index in range(round(rate * seconds)):
+        yield [math.sin(2 * math.pi * pitch * index / rate) for pitch in channel_pitches]
+
+
+def encode(value, sample_bytes):
+    """One sample of -1..1 as WAV bytes; 8 bits are unsigned there, wider ones signed."""
+    if sample_bytes == 1:
+        return bytes([128 + round(value * 127)])
+    return round(value * (2 ** (8 * sample_bytes - 1) - 1)).to_bytes(sample_bytes, "little", signed=True)
+
+
+def write_tone(path, rate=RATE, seconds=0.6, pitches=(440,), sample_bytes=2):
+    with wave.open(str(path), "wb") as writer:
+        writer.setnchannels(len(pitches))
+        writer.setsampwidth(sample_bytes)
+        writer.setframerate(rate)
+        frames = sine_frames(rate, seconds, pitches)
+        writer.writeframes(
+            b"".join(encode(AMPLITUDE * value, sample_bytes) for frame in frames for value in frame)
+        )
+
+
+class Recorder:
+    """Records the null sink's monitor from entering the block until leaving it."""
+
+    def __init__(self, path):
+        self.path = path
+
+    def __enter__(self):
+        command = ["parec", "-d", "nul.monitor", "--format=s16le", f"--rate={RATE}"]
+        command += ["--channels=2", "--latency-msec=20", "--raw"]
+        self.file = open(self.path, "wb")
+        self.process = subprocess.Popen(command, stdout=self.file)
+        deadline = time.monotonic() + 10
+        while os.path.getsize(self.path) == 0:
+            if time.monotonic() > deadline or self.process.poll() is not None:
+                self.__exit__()
+                raise AssertionError("recording the monitor did not start")
+            time.sleep(0.02)
+        return self
+
+    def __exit__(self, *_):
+        time.sleep(0.4)
+        self.process.terminate()
+        self.process.wait(10)
+        self.file.close()
+
+    def channels(self):
+        samples = array.array("h")
+        data = Path(self.path).read_bytes()
+        samples.frombytes(data[: len(data) // 4 * 4])
+        return samples[0::2], samples[1::2]
+
+
+@dataclass
+class Tone:
+    """What was heard on one channel."""
+
+    seconds: float
+    pitch: float
+    level: float
+    longest_gap: int
+
+
+def longest_zero_run(samples):
+    longest = run = 0
+    for sample in samples:
+        run = run + 1 if sample == 0 else 0
+        longest = max(longest, run)
+    return longest
+
+
+def pitch_of(samples):
+    """Mean frequency between the first and the last upward zero crossing, in hertz."""
+    crossings = []
+    for index in range(1, len(samples)):
+        before, after = samples[index - 1], samples[index]
+        if before < 0 <= after:
+            crossings.append(index - after / (after - before))
+    if len(crossings) < 2:
+        return 0.0
+    return (len(crossings) - 1) * RATE / (crossings[-1] - crossings[0])
+
+
+def hear(samples):
+    """Measures the sounding part of a channel; None when the channel is silent."""
+    loud = [index for index, sample in enumerate(samples) if abs(sample) > FULL_SCALE * 0.01]
+    if not loud:
+        return None
+    sounding = samples[loud[0] : loud[-1] + 1]
+    margin = len(sounding) // 10
+    middle = sounding[margin : len(sounding) - margin]
+    power = sum(sample * sample for sample in middle) / len(middle)
+    level = math.sqrt(2 * power) / FULL_SCALE
+    return Tone(len(sounding) / RATE, pitch_of(middle), level, longest_zero_run(sounding))
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def setUpModule():
+    for name in ("SONIMBRA_PLAYER", "SONIMBRA_WINE"):
+        if not os.path.exists(os.environ.get(name, "")):
+            raise AssertionError(f"{name} does not name a file; run this by scripts/test windows")
+    sources = subprocess.run(["pactl", "list", "short", "sources"], capture_output=True, text=True)
+    if "nul.monitor" not in sources.stdout:
+        raise AssertionError(f"no sound server with a null sink: {sources.stderr.strip()}")
+
+
+class WinMMPlayerTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.TemporaryDirectory(prefix="sonimbra-sound.")
+        self.addCleanup(self.folder.cleanup)
+
+    def play(self, *options, name="tone.wav", **tone):
+        """Plays a tone and returns what the left and the right channel received."""
+        file = Path(self.folder.name) / name
+        write_tone(file, **tone)
+        command = [os.environ["SONIMBRA_WINE"], os.environ["SONIMBRA_PLAYER"], "--driver", "winmm"]
+        command += [*options, windows_path(file)]
+        recorder = Recorder(os.path.join(self.folder.name, "heard.raw"))
+        with recorder:
+            result = subprocess.run(
+                command,
+                env={**os.environ, "LC_ALL": "C.UTF-8"},
+                stdin=subprocess.DEVNULL,
+                capture_output=True,
+                text=True,
+                errors="replace",
+                timeout=60,
+            )
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        return tuple(hear(channel) for channel in recorder.channels())
+
+    def check(self, tone, pitch=440.0, level=AMPLITUDE, seconds=0.6):
+        self.assertIsNotNone(tone, "the channel is silent")
+        self.assertAlmostEqual(tone.pitch, pitch, delta=pitch * 0.005)
+        self.assertAlmostEqual(tone.level, level, delta=level * 0.04)
+        self.assertAlmostEqual(tone.seconds, seconds, delta=0.06)
+        self.assertLessEqual(tone.longest_gap, LONGEST_GAP, "the tone has a hole")
+
+    def test_mono_sounds_on_both_channels(self):
+        left, right = self.play()
+        self.check(left)
+        self.check(right)
+
+    def test_stereo_at_half_rate_keeps_its_channels(self):
+        left, right = self.play(rate=22050, pitches=(330, 550))
+        self.check(left, pitch=330)
+        self.check(right, pitch=550)
+
+    def test_sample_sizes(self):
+        for sample_bytes in (1, 3):
+            with self.subTest(sample_bytes=sample_bytes):
+                left, right = self.play(sample_bytes=sample_bytes)
+                self.check(left)
+                self.check(right)
+
+    def test_volume_scales_the_level(self):
+        left, right = self.play("--volume", "0.5")
+        self.check(left, level=AMPLITUDE / 2)
+        self.check(right, level=AMPLITUDE / 2)
+
+    def test_pan_silences_the_far_channel(self):
+        # A pan above 0 takes the right channel away, one below 0 the left.
+        for pan, sounding in (("1", 0), ("-1", 1)):
+            with self.subTest(pan=pan):
+                heard = self.play(f"--pan={pan}")
+                self.check(heard[sounding])
+                self.assertIsNone(heard[1 - sounding], "the far channel sounds")
+
+    def test_double_speed_doubles_pitch_and_halves_length(self):
+        left, right = self.play("--speed", "2.0")
+        self.check(left, pitch=880, seconds=0.3)
+        self.check(right, pitch=880, seconds=0.3)
+
+    def test_non_ascii_file_name(self):
+        left, _ = self.play(name="t\u00f6n \u97f3.wav")
+        self.check(left)
+
+
+if __name__ == "__main__":
+    unittest.main()
