@@ -3,9 +3,6 @@
 
 #include "tests/support/ramp.h"
 
-#include <algorithm>
-#include <cstring>
-
 namespace sn_test {
 
 std::int16_t rampSample16(std::int64_t frame, std::int32_t channel) {
@@ -57,35 +54,8 @@ sonimbra::SAudioStreamFormat streamFormat(std::int32_t channels, std::int32_t fr
     return format;
 }
 
-std::int32_t CRampStream::alive = 0;
-
-CRampStream::CRampStream(const sonimbra::SAudioStreamFormat& format) : Format(format) {
-    ++alive;
-}
-
-CRampStream::~CRampStream() {
-    --alive;
-}
-
-bool CRampStream::setPosition(std::int32_t frame) {
-    ++seeks;
-    if (frame < 0 || frame > Format.FrameCount || (frame > 0 && !seekingSupported)) {
-        return false;
-    }
-    position = frame;
-    return true;
-}
-
-std::int32_t CRampStream::readFrames(void* target, std::int32_t frameCountToRead) {
-    ++reads;
-    const std::int32_t n =
-        std::min({frameCountToRead, framesPerRead, Format.FrameCount - position});
-    const Bytes bytes = rampBytes(Format, position, n);
-    if (!bytes.empty()) {
-        std::memcpy(target, bytes.data(), bytes.size());
-    }
-    position += n;
-    return n;
+CScriptedStream* createRampStream(const sonimbra::SAudioStreamFormat& format) {
+    return new CScriptedStream(format, rampBytes(format, 0, format.FrameCount));
 }
 
 } // namespace sn_test

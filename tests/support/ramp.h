@@ -3,9 +3,7 @@
 
 #pragma once
 
-#include "tests/support/wav.h"
-
-#include <sonimbra/IAudioStream.h>
+#include "tests/support/CScriptedStream.h"
 
 #include <gtest/gtest.h>
 
@@ -31,29 +29,8 @@ testing::AssertionResult isRamp16(const std::vector<std::int16_t>& samples, std:
 sonimbra::SAudioStreamFormat streamFormat(std::int32_t channels, std::int32_t frames,
                                           std::int32_t rate, std::int32_t bits = 16);
 
-/// A decoder that delivers the ramp.
-class CRampStream : public sonimbra::IAudioStream {
-public:
-    explicit CRampStream(const sonimbra::SAudioStreamFormat& format);
-    ~CRampStream() override;
-
-    sonimbra::SAudioStreamFormat getFormat() override { return Format; }
-    bool setPosition(std::int32_t frame) override;
-    bool getIsSeekingSupported() override { return seekingSupported; }
-    std::int32_t readFrames(void* target, std::int32_t frameCountToRead) override;
-
-    std::int32_t framesPerRead = INT32_MAX; ///< one read gives at most so many
-    bool seekingSupported = true;           ///< otherwise only 0 is accepted
-
-    std::int32_t position = 0;
-    std::int32_t reads = 0;
-    std::int32_t seeks = 0;
-
-    /// How many of these exist.
-    static std::int32_t alive;
-
-private:
-    sonimbra::SAudioStreamFormat Format;
-};
+/// A decoder that delivers the ramp, as many frames as the format says. One reference for the
+/// caller.
+CScriptedStream* createRampStream(const sonimbra::SAudioStreamFormat& format);
 
 } // namespace sn_test
