@@ -1,11 +1,11 @@
 # Copyright (c) 2026 The Sonimbra developers
 # SPDX-License-Identifier: Zlib
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 #
 # Shared by the scripts. Source it; it changes into the repository root.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-cd "$root"
+cd "$root" || exit 1
 
 say() { printf '%s\n' "$*"; }
 warn() { printf '%s\n' "$*" >&2; }
