@@ -10,7 +10,7 @@ namespace sonimbra {
 /// A software-mixing engine without a device, for tests, tools, servers and rendering: the
 /// application pulls the output as fast as it likes, bit for bit the same on every run. Always
 /// single-threaded. Made by createSonimbraOfflineDevice; driver name "Offline".
-class IOfflineSoundEngine : public ISoundEngine {
+class IOfflineSoundEngine : public virtual ISoundEngine {
 public:
     /// Renders frameCount frames of 44100 Hz interleaved signed 16-bit stereo into target (two
     /// samples a frame). Returns the frames written: frameCount, or 0 for a null target or a count

@@ -1,0 +1,107 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "drivers/software/CSonimbraSoftwareSoundEngine.h"
+
+#include "core/CVirtualUnknown.h"
+#include "core/no_throw.h"
+#include "drivers/software/CSonimbraSoftwareSound.h"
+#include "drivers/software/mixing.h"
+#include "streams/CSonimbraBufferedSamplesAudioStream.h"
+
+#include <algorithm>
+
+namespace sn_internal {
+namespace {
+
+/// Blocks are small enough for their buffers to stand on the stack.
+constexpr std::int32_t LargestBlock = 2048;
+
+/// Every sound of these engines was made by them.
+CSonimbraSoftwareSound& toSoftwareSound(CSonimbraSound* sound) {
+    return static_cast<CSonimbraSoftwareSound&>(*sound);
+}
+
+} // namespace
+
+bool CSonimbraSoftwareSoundEngine::setMixedDataOutputReceiver(
+    sonimbra::ISoundMixedOutputReceiver* receiver) {
+    const CScopedLock lock(getLock());
+    Receiver = receiver;
+    return true;
+}
+
+sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverSound(
+    CSonimbraBufferedSamples* samples, sonimbra::ISoundSource* source, bool looped, bool is3D,
+    float minDistance, float maxDistance, bool enableSoundEffects) {
+    if (samples == nullptr) {
+        return nullptr;
+    }
+    const CScopedLock lock(getLock());
+    const auto stream = counted_ptr<sonimbra::IAudioStream>::adopt(
+        new CSonimbraBufferedSamplesAudioStream(samples));
+    return createDriverStream(stream.get(), source, looped, is3D, minDistance, maxDistance,
+                              enableSoundEffects);
+}
+
+sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverStream(sonimbra::IAudioStream* stream,
+                                                                   sonimbra::ISoundSource* source,
+                                                                   bool looped, bool,
+                                                                   float minDistance,
+                                                                   float maxDistance, bool) {
+    auto* own = dynamic_cast<CSonimbraSoundSource*>(source);
+    if (own == nullptr) {
+        return nullptr;
+    }
+    const CScopedLock lock(getLock());
+    return new sonimbra::CVirtualUnknown<CSonimbraSoftwareSound>(
+        getLink(), own, stream, getOutputRate(), looped, minDistance, maxDistance);
+}
+
+bool CSonimbraSoftwareSoundEngine::hasActiveSound() const {
+    for (CSonimbraSound* sound : getSounds().getPlaying()) {
+        if (toSoftwareSound(sound).isActive()) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void CSonimbraSoftwareSoundEngine::mix(std::int16_t* target, std::int32_t frameCount) {
+    if (hasActiveSound()) {
+        // A sound that ends may leave the end of its block as it finds it: never what some other
+        // function left on the stack.
+        std::int16_t scratch[OutputChannels * LargestBlock];
+        std::fill_n(scratch, OutputChannels * std::min(frameCount, LargestBlock), std::int16_t(0));
+        for (std::int32_t done = 0; done < frameCount; done += LargestBlock) {
+            mixBlock(target + OutputChannels * done, scratch,
+                     std::min(frameCount - done, LargestBlock));
+        }
+    } else {
+        std::fill_n(target, OutputChannels * frameCount, std::int16_t(0));
+    }
+    if (Receiver != nullptr) {
+        const auto byteCount =
+            static_cast<std::int32_t>(OutputChannels * sizeof(std::int16_t)) * frameCount;
+        withoutExceptions([&] { Receiver->OnAudioDataReady(target, byteCount, getOutputRate()); });
+    }
+}
+
+void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int16_t* scratch,
+                                            std::int32_t frameCount) {
+    std::int32_t sum[OutputChannels * LargestBlock];
+    std::fill_n(sum, OutputChannels * frameCount, 0);
+    for (CSonimbraSound* playing : getSounds().getPlaying()) {
+        CSonimbraSoftwareSound& sound = toSoftwareSound(playing);
+        if (!sound.isActive() || sound.isPaused()) {
+            continue;
+        }
+        sound.render(scratch, frameCount);
+        if (sound.isAudible()) {
+            accumulate(scratch, frameCount, sum);
+        }
+    }
+    clip(sum, frameCount, target);
+}
+
+} // namespace sn_internal

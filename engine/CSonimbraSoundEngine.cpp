@@ -1,0 +1,414 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "engine/CSonimbraSoundEngine.h"
+
+#include "core/CVirtualUnknown.h"
+#include "core/integers.h"
+#include "core/log.h"
+#include "core/no_throw.h"
+#include "engine/CSonimbraMemorySoundSource.h"
+#include "engine/CSonimbraPurePCMSoundSource.h"
+#include "engine/CSonimbraSoundSourceAlias.h"
+#include "engine/version.h"
+#include "streams/CSonimbraAudioStreamLoaderWAV.h"
+
+#include <chrono>
+#include <cstring>
+#include <thread>
+
+namespace sn_internal {
+
+using sonimbra::ISound;
+using sonimbra::ISoundSource;
+using sonimbra::vec3df;
+
+namespace {
+
+/// Between two update cycles of the engine's thread.
+constexpr std::chrono::milliseconds UpdateInterval(50);
+
+constexpr std::uint32_t HighestThreadPriority = 4;
+
+ISound* const NoSound = nullptr;
+
+bool isUsableMemory(const void* memory, std::int32_t sizeInBytes, const char* soundName) {
+    if (memory != nullptr && sizeInBytes >= 1) {
+        return soundName != nullptr;
+    }
+    logTextWithHint("Cannot add sound source from empty memory", soundName);
+    return false;
+}
+
+} // namespace
+
+CSonimbraSoundEngine::CSonimbraSoundEngine(io::IFileSystem* fileSystem, int options)
+    : Options(options),
+      Link(std::make_shared<CEngineLink>(this)),
+      FileSystem(counted_ptr<io::IFileSystem>::share(fileSystem)),
+      Logger(acquireLogger(options)) {
+    logText("Sonimbra sound library version " SONIMBRA_LIBRARY_VERSION);
+    registerBuiltInLoaders();
+}
+
+CSonimbraSoundEngine::~CSonimbraSoundEngine() {
+    stopEngineThread();
+    {
+        const CScopedLock lock(getLock());
+        Loaders.dropAll();
+        CSonimbraSoundEngine::removeAllSoundSources();
+        FileSystem.reset();
+        Link->forgetEngine();
+    }
+    releaseLogger(Logger);
+}
+
+void CSonimbraSoundEngine::registerBuiltInLoaders() {
+    const auto wav = counted_ptr<sonimbra::IAudioStreamLoader>::adopt(
+        new CSonimbraAudioStreamLoaderWAV(FileSystem.get()));
+    registerAudioStreamLoader(wav.get());
+}
+
+void CSonimbraSoundEngine::startEngineThread() {
+    if (!isMultiThreaded()) {
+        return;
+    }
+    // Set here, not by the thread, so that an engine dropped at once waits for it.
+    IsThreadRunning = true;
+    if (!startThread(this, 0, HighestThreadPriority)) {
+        IsThreadRunning = false;
+    }
+}
+
+void CSonimbraSoundEngine::stopEngineThread() {
+    IsStopRequested = true;
+    while (IsThreadRunning) {
+        std::this_thread::sleep_for(UpdateInterval / 2);
+    }
+}
+
+void CSonimbraSoundEngine::run(const SThreadStart&) {
+    while (!IsStopRequested) {
+        withoutExceptions([this] { updateDriver(); });
+        std::this_thread::sleep_for(UpdateInterval);
+    }
+    IsThreadRunning = false;
+}
+
+CSonimbraSoundSource* CSonimbraSoundEngine::toOwnSource(ISoundSource* source) const {
+    auto* own = dynamic_cast<CSonimbraSoundSource*>(source);
+    return own != nullptr && own->belongsTo(Link) ? own : nullptr;
+}
+
+ISound* CSonimbraSoundEngine::play2D(ISoundSource* source, bool looped, bool startPaused,
+                                     bool track, bool enableSoundEffects) {
+    return play(source, nullptr, {looped, startPaused, track, enableSoundEffects});
+}
+
+ISound* CSonimbraSoundEngine::play2D(const char* soundFileName, bool looped, bool startPaused,
+                                     bool track, sonimbra::E_STREAM_MODE, bool enableSoundEffects) {
+    return playByName(soundFileName, nullptr, {looped, startPaused, track, enableSoundEffects});
+}
+
+ISound* CSonimbraSoundEngine::play3D(ISoundSource* source, const vec3df& position, bool looped,
+                                     bool startPaused, bool track, bool enableSoundEffects) {
+    return play(source, &position, {looped, startPaused, track, enableSoundEffects});
+}
+
+ISound* CSonimbraSoundEngine::play3D(const char* soundFileName, const vec3df& position, bool looped,
+                                     bool startPaused, bool track, sonimbra::E_STREAM_MODE,
+                                     bool enableSoundEffects) {
+    return playByName(soundFileName, &position, {looped, startPaused, track, enableSoundEffects});
+}
+
+ISound* CSonimbraSoundEngine::playByName(const char* name, const vec3df* position,
+                                         const SPlayOptions& options) {
+    const CScopedLock lock(getLock()); // no other thread may remove the source in between
+    return play(getSoundSource(name, true), position, options);
+}
+
+ISound* CSonimbraSoundEngine::play(ISoundSource* source, const vec3df* position,
+                                   const SPlayOptions& options) {
+    CSonimbraSoundSource* own = toOwnSource(source);
+    if (own == nullptr || IsStopRequested) {
+        return nullptr;
+    }
+    const CScopedLock lock(getLock());
+    return withoutExceptions(NoSound, [&] { return start(*own, position, options); });
+}
+
+ISound* CSonimbraSoundEngine::start(CSonimbraSoundSource& source, const vec3df* position,
+                                    const SPlayOptions& options) {
+    const float maxDistance = source.getDefaultMaxDistance();
+    const float minDistance = source.getDefaultMinDistance();
+    auto sound = counted_ptr<CSonimbraSound>::adopt(static_cast<CSonimbraSound*>(
+        source.createSound(FileSystem.get(), options.looped, position != nullptr,
+                           options.enableSoundEffects, minDistance, maxDistance)));
+    if (!sound) {
+        return nullptr;
+    }
+    if (position != nullptr) {
+        sound->setIs3D();
+        sound->setPosition(*position);
+    }
+    sound->setVolume(source.getDefaultVolume());
+    refreshListenerRelation(*sound.get());
+    if (!options.startPaused) {
+        sound->setIsPaused(false);
+    }
+    CSonimbraSound* playing = sound.get();
+    Sounds.add(std::move(sound));
+    if (!options.track && !options.startPaused && !options.enableSoundEffects) {
+        return nullptr;
+    }
+    playing->grab();
+    return playing;
+}
+
+void CSonimbraSoundEngine::refreshListenerRelation(CSonimbraSound& sound) {
+    sound.updateListenerRelation(SoundVolume, Listener.Position.load(),
+                                 Listener.LookDirection.load(), Listener.UpVector.load(),
+                                 (Options & sonimbra::LinearRolloff) != 0, RolloffFactor);
+}
+
+void CSonimbraSoundEngine::stopAllSounds() {
+    const CScopedLock lock(getLock());
+    Sounds.reapAll();
+    Sounds.deliverStopEvents();
+}
+
+void CSonimbraSoundEngine::setAllSoundsPaused(bool paused) {
+    const CScopedLock lock(getLock());
+    for (CSonimbraSound* sound : Sounds.getPlaying()) {
+        sound->setIsPaused(paused);
+    }
+}
+
+std::int32_t CSonimbraSoundEngine::getSoundSourceCount() {
+    const CScopedLock lock(getLock());
+    return Sources.getCount();
+}
+
+ISoundSource* CSonimbraSoundEngine::getSoundSource(const char* soundName, bool addIfNotFound) {
+    if (soundName == nullptr) {
+        return nullptr;
+    }
+    const CScopedLock lock(getLock());
+    CSonimbraSoundSource* found = Sources.find(soundName);
+    if (found != nullptr || !addIfNotFound) {
+        return found;
+    }
+    return addSource<CSonimbraSoundSource>(soundName, sonimbra::E_STREAM_MODE::AutoDetect);
+}
+
+ISoundSource* CSonimbraSoundEngine::getSoundSource(std::int32_t index) {
+    const CScopedLock lock(getLock());
+    return Sources.get(index);
+}
+
+bool CSonimbraSoundEngine::isNameFree(const char* name) const {
+    if (Sources.find(name) == nullptr) {
+        return true;
+    }
+    logTextWithHint("Cannot add sound source, it exists already", name);
+    return false;
+}
+
+template <class TSource, class... Args>
+CSonimbraSoundSource* CSonimbraSoundEngine::addSource(const char* name, Args&&... args) {
+    CSonimbraSoundSource* const none = nullptr;
+    return withoutExceptions(none, [&] {
+        return Sources.add(counted_ptr<CSonimbraSoundSource>::adopt(
+            new sonimbra::CVirtualUnknown<TSource>(Link, name, std::forward<Args>(args)...)));
+    });
+}
+
+ISoundSource* CSonimbraSoundEngine::addSoundSourceFromFile(const char* fileName,
+                                                           sonimbra::E_STREAM_MODE streamMode,
+                                                           bool preload) {
+    const CScopedLock lock(getLock());
+    if (fileName == nullptr || !isNameFree(fileName)) {
+        return nullptr;
+    }
+    CSonimbraSoundSource* source = addSource<CSonimbraSoundSource>(fileName, streamMode);
+    if (source != nullptr && preload && streamMode != sonimbra::E_STREAM_MODE::Streaming) {
+        source->loadNow(FileSystem.get());
+    }
+    return source;
+}
+
+ISoundSource* CSonimbraSoundEngine::addSoundSourceFromMemory(void* memory, std::int32_t sizeInBytes,
+                                                             const char* soundName,
+                                                             bool copyMemory) {
+    const CScopedLock lock(getLock());
+    if (!isUsableMemory(memory, sizeInBytes, soundName) || !isNameFree(soundName)) {
+        return nullptr;
+    }
+    return addSource<CSonimbraMemorySoundSource>(soundName, memory, sizeInBytes, copyMemory);
+}
+
+ISoundSource* CSonimbraSoundEngine::addSoundSourceFromPCMData(
+    void* memory, std::int32_t sizeInBytes, const char* soundName,
+    const sonimbra::SAudioStreamFormat& format, bool copyMemory) {
+    const CScopedLock lock(getLock());
+    if (!isUsableMemory(memory, sizeInBytes, soundName) || !isNameFree(soundName)) {
+        return nullptr;
+    }
+    return addSource<CSonimbraPurePCMSoundSource>(soundName, memory, sizeInBytes, format,
+                                                  copyMemory);
+}
+
+ISoundSource* CSonimbraSoundEngine::addSoundSourceAlias(ISoundSource* baseSource,
+                                                        const char* soundName) {
+    const CScopedLock lock(getLock());
+    if (soundName == nullptr || toOwnSource(baseSource) == nullptr || !isNameFree(soundName)) {
+        return nullptr;
+    }
+    return addSource<CSonimbraSoundSourceAlias>(soundName, baseSource);
+}
+
+void CSonimbraSoundEngine::removeSoundSource(const char* name) {
+    if (name == nullptr) {
+        return;
+    }
+    const CScopedLock lock(getLock());
+    if (CSonimbraSoundSource* source = Sources.find(name)) {
+        removeSoundSource(source);
+    } else {
+        logTextWithHint("Cannot find sound source to remove", name);
+    }
+}
+
+void CSonimbraSoundEngine::removeSoundSource(ISoundSource* source) {
+    if (source == nullptr) {
+        return;
+    }
+    const CScopedLock lock(getLock());
+    {
+        const CPlayingSounds::CRemoval removal(Sounds);
+        Sounds.reapSoundsOf(source);
+        Sounds.deliverStopEvents();
+    }
+    // Looked for only now: a receiver may have removed it.
+    if (CSonimbraSoundSource* own = Sources.find(source)) {
+        onSourceRemoved(own);
+        own->detachAllSounds();
+        Sources.remove(own);
+    }
+}
+
+void CSonimbraSoundEngine::removeAllSoundSources() {
+    const CScopedLock lock(getLock());
+    const CPlayingSounds::CRemoval removal(Sounds);
+    stopAllSounds();
+    for (std::int32_t i = 0; i < Sources.getCount(); ++i) {
+        onSourceRemoved(Sources.get(i));
+        Sources.get(i)->detachAllSounds();
+    }
+    Sources.removeAll();
+}
+
+void CSonimbraSoundEngine::setSoundVolume(float volume) {
+    const CScopedLock lock(getLock());
+    if (volume == SoundVolume) {
+        return;
+    }
+    SoundVolume = volume;
+    if (!isMultiThreaded()) {
+        updateDriver();
+    }
+}
+
+float CSonimbraSoundEngine::getSoundVolume() {
+    const CScopedLock lock(getLock());
+    return SoundVolume;
+}
+
+void CSonimbraSoundEngine::setListenerPosition(const vec3df& position, const vec3df& lookDirection,
+                                               const vec3df& velocityPerSecond,
+                                               const vec3df& upVector) {
+    Listener.Position.store(position);
+    Listener.LookDirection.store(lookDirection);
+    Listener.Velocity.store(velocityPerSecond);
+    Listener.UpVector.store(upVector);
+}
+
+void CSonimbraSoundEngine::update() {
+    if (!isMultiThreaded()) {
+        updateDriver();
+    }
+}
+
+void CSonimbraSoundEngine::updateDriver() {
+    const CScopedLock lock(getLock());
+    updateSounds();
+    Sounds.deliverStopEvents();
+}
+
+void CSonimbraSoundEngine::updateSounds() {
+    const CScopedLock lock(getLock());
+    Sounds.update([this](CSonimbraSound& sound) { refreshListenerRelation(sound); });
+}
+
+bool CSonimbraSoundEngine::isCurrentlyPlaying(ISoundSource* source) {
+    const CScopedLock lock(getLock());
+    return Sounds.contains(
+        [source](const CSonimbraSoundSource& played) { return &played == source; });
+}
+
+bool CSonimbraSoundEngine::isCurrentlyPlaying(const char* soundName) {
+    if (soundName == nullptr) {
+        return false;
+    }
+    const CScopedLock lock(getLock());
+    return Sounds.contains([soundName](CSonimbraSoundSource& played) {
+        return std::strcmp(played.getName(), soundName) == 0;
+    });
+}
+
+void CSonimbraSoundEngine::registerAudioStreamLoader(sonimbra::IAudioStreamLoader* loader) {
+    if (loader != nullptr) {
+        const CScopedLock lock(getLock());
+        withoutExceptions([&] { Loaders.add(loader); });
+    }
+}
+
+sonimbra::IAudioStream*
+CSonimbraSoundEngine::createAudioStreamForFile(sonimbra::IFileReader& file) {
+    return Loaders.createAudioStream(file);
+}
+
+void CSonimbraSoundEngine::addFileFactory(sonimbra::IFileFactory* fileFactory) {
+    const CScopedLock lock(getLock());
+    withoutExceptions([&] { FileSystem->addFileFactory(fileFactory); });
+}
+
+void CSonimbraSoundEngine::setDefault3DSoundMinDistance(float minDistance) {
+    if (minDistance >= 0.0f) {
+        DefaultMinDistance = minDistance;
+    }
+}
+
+void CSonimbraSoundEngine::setDefault3DSoundMaxDistance(float maxDistance) {
+    if (maxDistance > 0.0f) {
+        DefaultMaxDistance = maxDistance;
+    }
+}
+
+void CSonimbraSoundEngine::setRolloffFactor(float rolloff) {
+    const CScopedLock lock(getLock());
+    RolloffFactor = limited(rolloff, 0.0f, 10.0f);
+}
+
+bool CSonimbraSoundEngine::setMixedDataOutputReceiver(sonimbra::ISoundMixedOutputReceiver*) {
+    logText("Error: This sound driver does not support MixedDataOutputReceivers. Use a software "
+            "driver.");
+    return false;
+}
+
+ISound* CSonimbraSoundEngine::playMusic(const char*) {
+    logText("playMusic() is not implemented in this version, yet. Sorry");
+    return nullptr;
+}
+
+} // namespace sn_internal

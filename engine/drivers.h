@@ -1,0 +1,33 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+#include <sonimbra/E_SOUND_OUTPUT_DRIVER.h>
+
+namespace sonimbra {
+class ISoundEngine;
+}
+namespace sn_internal::io {
+class IFileSystem;
+}
+
+namespace sn_internal {
+
+/// What an engine is made from.
+struct SEngineArguments {
+    io::IFileSystem* fileSystem;
+    int options;
+    const char* deviceID; ///< null for the default device
+};
+
+/// Makes the engine of one of the drivers that exist only on certain systems (1 to 5). Returns
+/// null, and writes a line to the log, when this system has none. Every system has its own file for
+/// it; it is the place where drivers join.
+sonimbra::ISoundEngine* createPlatformEngine(sonimbra::E_SOUND_OUTPUT_DRIVER driver,
+                                             const SEngineArguments& arguments);
+
+/// Says in the log that a driver does not exist on this system.
+void logUnsupportedDriver(sonimbra::E_SOUND_OUTPUT_DRIVER driver);
+
+} // namespace sn_internal
