@@ -7,6 +7,14 @@
 
 sound_runtime_dir=
 
+# Starts a command that has to keep up with the sound. Exported too: the tests that listen start
+# their programs by it. Empty where the system does not allow it.
+SONIMBRA_REALTIME=
+if chrt --rr 5 true 2>/dev/null; then
+    SONIMBRA_REALTIME="chrt --rr 5"
+fi
+export SONIMBRA_REALTIME
+
 sound_server_reachable() { command -v pactl >/dev/null && timeout 10 pactl info >/dev/null 2>&1; }
 
 # Starts the server and points this shell's environment at it.
@@ -17,7 +25,8 @@ start_sound_server() {
     export XDG_RUNTIME_DIR="$sound_runtime_dir"
     export PULSE_COOKIE="$sound_runtime_dir/cookie"
     local log="$sound_runtime_dir/log"
-    if ! PULSE_STATE_PATH="$sound_runtime_dir/state" pulseaudio -D --exit-idle-time=-1 -n \
+    # shellcheck disable=SC2086
+    if ! PULSE_STATE_PATH="$sound_runtime_dir/state" $SONIMBRA_REALTIME pulseaudio -D --exit-idle-time=-1 -n \
         -L module-native-protocol-unix -L "module-null-sink sink_name=nul" >"$log" 2>&1 ||
         ! sound_server_reachable; then
         cat "$log" >&2
@@ -29,8 +38,12 @@ start_sound_server() {
 stop_sound_server() {
     [ -n "$sound_runtime_dir" ] || return 0
     local pid
-    if pid=$(cat "$sound_runtime_dir/pulse/pid" 2>/dev/null); then
-        kill "$pid" 2>/dev/null || true
+    if pid=$(cat "$sound_runtime_dir/pulse/pid" 2>/dev/null) && kill "$pid" 2>/dev/null; then
+        # It removes this file as the last thing.
+        for _ in {1..30}; do
+            [ -e "$sound_runtime_dir/pulse/pid" ] || break
+            sleep 0.1
+        done
     fi
     rm -rf "$sound_runtime_dir"
     sound_runtime_dir=

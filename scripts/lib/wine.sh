@@ -26,6 +26,14 @@ prepare_wine() {
     touch "$WINEPREFIX/.sonimbra-ready"
 }
 
+# Keeps Wine's own processes running until stop_wine. Otherwise every program starts them anew, and
+# whoever reads the program's output waits for them to end, because they inherit it.
+start_wine() {
+    prepare_wine
+    ${SONIMBRA_REALTIME:-} wineserver -p >/dev/null 2>&1 </dev/null
+    ${SONIMBRA_REALTIME:-} wine cmd /c exit >/dev/null 2>&1 </dev/null
+}
+
 # Ends what still runs in the private prefix.
 stop_wine() {
     if [ -e "$WINEPREFIX/.sonimbra-ready" ]; then

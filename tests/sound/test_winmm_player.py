@@ -22,6 +22,8 @@ RATE = 44100
 AMPLITUDE = 0.5
 FULL_SCALE = 32767
 LONGEST_GAP = RATE * 5 // 1000
+# What starts a program so that other programs do not keep it waiting; may be empty.
+REALTIME = os.environ.get("SONIMBRA_REALTIME", "").split()
 
 
 def sine_frames(rate, seconds, channel_pitches):
@@ -48,35 +50,35 @@ def write_tone(path, rate=RATE, seconds=0.6, pitches=(440,), sample_bytes=2):
 
 
 class Recorder:
-    """Records the null sink's monitor from entering the block until leaving it."""
+    """Records the null sink's monitor all the time: opening it anew takes up to two seconds."""
 
-    def __init__(self, path):
-        self.path = path
-
-    def __enter__(self):
-        command = ["parec", "-d", "nul.monitor", "--format=s16le", f"--rate={RATE}"]
+    def __init__(self):
+        command = [*REALTIME, "parec", "-d", "nul.monitor", "--format=s16le", f"--rate={RATE}"]
         command += ["--channels=2", "--latency-msec=20", "--raw"]
-        self.file = open(self.path, "wb")
+        self.file = tempfile.NamedTemporaryFile(prefix="sonimbra-heard.")
         self.process = subprocess.Popen(command, stdout=self.file)
         deadline = time.monotonic() + 10
-        while os.path.getsize(self.path) == 0:
+        while self.position() == 0:
             if time.monotonic() > deadline or self.process.poll() is not None:
-                self.__exit__()
+                self.close()
                 raise AssertionError("recording the monitor did not start")
             time.sleep(0.02)
-        return self
 
-    def __exit__(self, *_):
-        time.sleep(0.4)
+    def position(self):
+        """Bytes recorded so far, in whole frames."""
+        return os.path.getsize(self.file.name) // 4 * 4
+
+    def channels_since(self, position):
+        """What the left and the right channel received since then."""
+        time.sleep(0.4)  # what was played last is still under way
+        data = Path(self.file.name).read_bytes()[position : self.position()]
+        samples = array.array("h", data)
+        return samples[0::2], samples[1::2]
+
+    def close(self):
         self.process.terminate()
         self.process.wait(10)
         self.file.close()
-
-    def channels(self):
-        samples = array.array("h")
-        data = Path(self.path).read_bytes()
-        samples.frombytes(data[: len(data) // 4 * 4])
-        return samples[0::2], samples[1::2]
 
 
 @dataclass
@@ -133,6 +135,15 @@ def setUpModule():
     sources = subprocess.run(["pactl", "list", "short", "sources"], capture_output=True, text=True)
     if "nul.monitor" not in sources.stdout:
         raise AssertionError(f"no sound server with a null sink: {sources.stderr.strip()}")
+    WinMMPlayerTest.recorder = Recorder()
+    unittest.addModuleCleanup(WinMMPlayerTest.recorder.close)
+
+
+@dataclass
+class Expected:
+    pitch: float = 440.0
+    level: float = AMPLITUDE
+    seconds: float = 0.6
 
 
 class WinMMPlayerTest(unittest.TestCase):
@@ -140,71 +151,79 @@ class WinMMPlayerTest(unittest.TestCase):
         self.folder = tempfile.TemporaryDirectory(prefix="sonimbra-sound.")
         self.addCleanup(self.folder.cleanup)
 
-    def play(self, *options, name="tone.wav", **tone):
-        """Plays a tone and returns what the left and the right channel received."""
+    def play(self, file, options):
+        """Plays the file and returns what the left and the right channel received."""
+        command = [*REALTIME, os.environ["SONIMBRA_WINE"], os.environ["SONIMBRA_PLAYER"]]
+        command += ["--driver", "winmm", *options, windows_path(file)]
+        begin = self.recorder.position()
+        result = subprocess.run(
+            command,
+            env={**os.environ, "LC_ALL": "C.UTF-8"},
+            stdin=subprocess.DEVNULL,
+            capture_output=True,
+            text=True,
+            errors="replace",
+            timeout=60,
+        )
+        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
+        return tuple(hear(channel) for channel in self.recorder.channels_since(begin))
+
+    def check_channel(self, tone, expected):
+        if expected is None:
+            self.assertIsNone(tone, "the channel sounds")
+            return
+        self.assertIsNotNone(tone, "the channel is silent")
+        self.assertLessEqual(tone.longest_gap, LONGEST_GAP, "the tone has a hole")
+        self.assertAlmostEqual(tone.pitch, expected.pitch, delta=expected.pitch * 0.005)
+        self.assertAlmostEqual(tone.level, expected.level, delta=expected.level * 0.04)
+        self.assertAlmostEqual(tone.seconds, expected.seconds, delta=0.06)
+
+    def check(self, options, left, right, name="tone.wav", **tone):
+        """Plays a tone and compares both channels.
+
+        A busy machine may starve the sound server for some milliseconds, which sounds the same as
+        a fault of the driver; only a fault is there each time.
+        """
         file = Path(self.folder.name) / name
         write_tone(file, **tone)
-        command = [os.environ["SONIMBRA_WINE"], os.environ["SONIMBRA_PLAYER"], "--driver", "winmm"]
-        command += [*options, windows_path(file)]
-        recorder = Recorder(os.path.join(self.folder.name, "heard.raw"))
-        with recorder:
-            result = subprocess.run(
-                command,
-                env={**os.environ, "LC_ALL": "C.UTF-8"},
-                stdin=subprocess.DEVNULL,
-                capture_output=True,
-                text=True,
-                errors="replace",
-                timeout=60,
-            )
-        self.assertEqual(result.returncode, 0, result.stdout + result.stderr)
-        return tuple(hear(channel) for channel in recorder.channels())
-
-    def check(self, tone, pitch=440.0, level=AMPLITUDE, seconds=0.6):
-        self.assertIsNotNone(tone, "the channel is silent")
-        self.assertAlmostEqual(tone.pitch, pitch, delta=pitch * 0.005)
-        self.assertAlmostEqual(tone.level, level, delta=level * 0.04)
-        self.assertAlmostEqual(tone.seconds, seconds, delta=0.06)
-        self.assertLessEqual(tone.longest_gap, LONGEST_GAP, "the tone has a hole")
+        for attempts_left in (2, 1, 0):
+            heard = self.play(file, options)
+            try:
+                self.check_channel(heard[0], left)
+                self.check_channel(heard[1], right)
+                return
+            except AssertionError as failure:
+                if attempts_left == 0:
+                    raise
+                print(f"heard {heard}: {failure}; playing again", flush=True)
 
     def test_mono_sounds_on_both_channels(self):
-        left, right = self.play()
-        self.check(left)
-        self.check(right)
+        self.check([], Expected(), Expected())
 
     def test_stereo_at_half_rate_keeps_its_channels(self):
-        left, right = self.play(rate=22050, pitches=(330, 550))
-        self.check(left, pitch=330)
-        self.check(right, pitch=550)
+        self.check([], Expected(pitch=330), Expected(pitch=550), rate=22050, pitches=(330, 550))
 
     def test_sample_sizes(self):
         for sample_bytes in (1, 3):
             with self.subTest(sample_bytes=sample_bytes):
-                left, right = self.play(sample_bytes=sample_bytes)
-                self.check(left)
-                self.check(right)
+                self.check([], Expected(), Expected(), sample_bytes=sample_bytes)
 
     def test_volume_scales_the_level(self):
-        left, right = self.play("--volume", "0.5")
-        self.check(left, level=AMPLITUDE / 2)
-        self.check(right, level=AMPLITUDE / 2)
+        half = Expected(level=AMPLITUDE / 2)
+        self.check(["--volume", "0.5"], half, half)
 
     def test_pan_silences_the_far_channel(self):
         # A pan above 0 takes the right channel away, one below 0 the left.
-        for pan, sounding in (("1", 0), ("-1", 1)):
+        for pan, left, right in (("1", Expected(), None), ("-1", None, Expected())):
             with self.subTest(pan=pan):
-                heard = self.play(f"--pan={pan}")
-                self.check(heard[sounding])
-                self.assertIsNone(heard[1 - sounding], "the far channel sounds")
+                self.check([f"--pan={pan}"], left, right)
 
     def test_double_speed_doubles_pitch_and_halves_length(self):
-        left, right = self.play("--speed", "2.0")
-        self.check(left, pitch=880, seconds=0.3)
-        self.check(right, pitch=880, seconds=0.3)
+        fast = Expected(pitch=880, seconds=0.3)
+        self.check(["--speed", "2.0"], fast, fast)
 
     def test_non_ascii_file_name(self):
-        left, _ = self.play(name="t\u00f6n \u97f3.wav")
-        self.check(left)
+        self.check([], Expected(), Expected(), name="t\u00f6n \u97f3.wav")
 
 
 if __name__ == "__main__":
