@@ -24,7 +24,7 @@ void onSignal(int) {
 void prepare() {
     struct sigaction action = {};
     action.sa_handler = onSignal;
-    action.sa_flags = static_cast<int>(SA_RESETHAND);
+    action.sa_flags = SA_RESTART; // a write to the output file goes on
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         sigaction(signal, &action, nullptr);
     }

@@ -19,9 +19,14 @@ namespace {
 std::atomic<bool> g_stopRequested{false};
 UINT g_codePageBefore = 0;
 
-/// Runs on a thread of the system. Passing the second request on ends the process.
-BOOL WINAPI onControl(DWORD) {
-    return g_stopRequested.exchange(true) ? FALSE : TRUE;
+/// Runs on a thread of the system.
+BOOL WINAPI onControl(DWORD event) {
+    g_stopRequested = true;
+    if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT) {
+        // The window closes, and the process ends with this function: leave time to end cleanly.
+        Sleep(4000);
+    }
+    return TRUE;
 }
 
 void restoreCodePage() {
