@@ -142,6 +142,7 @@ void addAll(CLI::App& app, Options& options) {
     addSoundOptions(app, options);
     addReadingOptions(app, options);
     addCourseOptions(app, options);
+    app.allow_windows_style_options(false); // a name that begins with a slash is a file
     app.formatter(std::make_shared<HelpFormatter>());
     app.footer(FOOTER);
 }
