@@ -14,6 +14,8 @@ namespace player {
 namespace {
 
 constexpr auto DRAW_INTERVAL = std::chrono::milliseconds(100);
+/// The level gives way when less than this is left for the name.
+constexpr int LEAST_NAME_COLUMNS = 12;
 
 std::string lengthText(std::int32_t milliseconds) {
     return milliseconds < 0 ? "?" : clockText(static_cast<std::uint32_t>(milliseconds));
@@ -58,9 +60,9 @@ void Progress::update(Batch& batch, std::optional<std::int32_t> peak) {
     if (!Live || time < NextDraw) {
         return;
     }
-    const std::uint32_t position = batch.positionMilliseconds();
-    draw(batchName(batch), clockText(position) + " / " + lengthText(batch.lengthMilliseconds()) +
-                               (Peak ? levelText(*Peak) : ""));
+    draw(batchName(batch),
+         clockText(batch.positionMilliseconds()) + " / " + lengthText(batch.lengthMilliseconds()),
+         Peak ? levelText(*Peak) : "");
     NextDraw = time + DRAW_INTERVAL;
     Peak.reset();
 }
@@ -71,19 +73,20 @@ void Progress::end(Batch& batch, bool stopped) {
     }
     if (Live) {
         const std::string length = lengthText(batch.lengthMilliseconds());
-        draw(batchName(batch),
-             stopped ? clockText(batch.positionMilliseconds()) + " / " + length + "  stopped"
-                     : length + " / " + length);
+        const std::string time = stopped ? clockText(batch.positionMilliseconds()) : length;
+        draw(batchName(batch), time + " / " + length, stopped ? "  stopped" : "");
         printLine("");
         DrawnColumns = 0;
     }
 }
 
-void Progress::draw(const std::string& name, const std::string& rest) {
+void Progress::draw(const std::string& name, const std::string& times, const std::string& extra) {
     // The last column stays free: many terminals begin a new line when it is filled.
-    const int room = terminal::columns() - 1 - columnsOf(rest) - 2;
-    const std::string line =
-        room < 8 ? fitted(rest, terminal::columns() - 1) : fitted(name, room) + "  " + rest;
+    const int columns = terminal::columns() - 1;
+    const std::string all = "  " + times + extra;
+    const bool tight = columns - columnsOf(all) < std::min(columnsOf(name), LEAST_NAME_COLUMNS);
+    const std::string rest = tight ? "  " + times : all;
+    const std::string line = fitted(fitted(name, columns - columnsOf(rest)) + rest, columns);
     const int blanks = std::max(0, DrawnColumns - columnsOf(line));
     DrawnColumns = columnsOf(line);
     const std::string output = "\r" + line + std::string(static_cast<std::size_t>(blanks), ' ');

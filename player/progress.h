@@ -28,7 +28,7 @@ public:
     void end(Batch& batch, bool stopped);
 
 private:
-    void draw(const std::string& name, const std::string& rest);
+    void draw(const std::string& name, const std::string& times, const std::string& extra);
 
     bool Plain;
     bool Live;
