@@ -27,6 +27,7 @@ vec3df orbitPoint(double turns) {
                   static_cast<float>(ORBIT_DISTANCE * std::cos(angle)));
 }
 
+/// What keeps a file from being read at all; empty when nothing does.
 std::string whyUnreadable(const std::string& file) {
     std::error_code ignored;
     const std::filesystem::path path = toPath(file);
@@ -36,19 +37,20 @@ std::string whyUnreadable(const std::string& file) {
     if (std::filesystem::is_directory(path, ignored)) {
         return "it is a folder";
     }
-    if (!std::ifstream(path)) {
-        return "it cannot be opened";
-    }
-    return "it is not a sound that this library reads";
+    return std::ifstream(path) ? "" : "it cannot be opened";
 }
 
 std::string whyNotPlayable(sonimbra::ISoundEngine& engine, sonimbra::ISoundSource* source,
                            const std::string& file) {
-    if (source != nullptr && source->getAudioFormat().ChannelCount > 0) {
-        return std::string("the driver \"") + engine.getDriverName() +
-               "\" plays nothing; choose another one with --driver, or use --render OUT.wav";
+    const std::string unreadable = whyUnreadable(file);
+    if (!unreadable.empty()) {
+        return unreadable;
     }
-    return whyUnreadable(file);
+    if (source == nullptr || source->getAudioFormat().ChannelCount == 0) {
+        return "it is not a sound that this library reads";
+    }
+    return std::string("the driver \"") + engine.getDriverName() +
+           "\" plays nothing; choose another one with --driver, or use --render OUT.wav";
 }
 
 } // namespace

@@ -47,8 +47,11 @@ private:
     /// cost an existing file.
     bool renderAfterGap(Batch& batch) {
         const bool ready = Output.isOpen() ? writeGap() : Output.open(Settings.renderTo);
+        if (!ready || stopped()) {
+            return false;
+        }
         RenderedFiles += batch.files().size();
-        return ready && render(batch);
+        return render(batch);
     }
 
     bool render(Batch& batch) {
