@@ -11,6 +11,8 @@
 #endif
 #include <windows.h>
 
+#include <fcntl.h>
+#include <io.h>
 #include <shellapi.h>
 
 namespace player::terminal {
@@ -55,12 +57,23 @@ std::wstring toWide(const std::string& text) {
     return result;
 }
 
+/// In text mode some C libraries translate what goes to a console from the process's own code page,
+/// which is not UTF-8.
+void passBytesToConsole(int descriptor) {
+    if (_isatty(descriptor)) {
+        _setmode(descriptor, _O_BINARY);
+    }
+}
+
 } // namespace
 
 void prepare() {
     SetConsoleCtrlHandler(onControl, TRUE);
     // Without a buffer the C library hands a console single bytes, which tears UTF-8 apart.
-    std::setvbuf(stdout, nullptr, _IOFBF, 4096);
+    for (std::FILE* stream : {stdout, stderr}) {
+        std::setvbuf(stream, nullptr, _IOFBF, 4096);
+        passBytesToConsole(_fileno(stream));
+    }
     g_codePageBefore = GetConsoleOutputCP();
     if (g_codePageBefore != 0 && SetConsoleOutputCP(CP_UTF8)) {
         std::atexit(restoreCodePage);

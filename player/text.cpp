@@ -27,6 +27,7 @@ void printError(const std::string& text) {
     const std::string line = "sonimbra-player: " + text + "\n";
     std::fflush(stdout);
     std::fputs(line.c_str(), stderr);
+    std::fflush(stderr); // it has a buffer where the console needs one
 }
 
 void printLine(const std::string& text) {
