@@ -77,9 +77,9 @@ void addSoundOptions(CLI::App& app, Options& options) {
     addNumber(app, "--volume", options.volume, 0.0, 1000.0,
               "Gain of every sound (default 1: as it is)");
     addNumber(app, "--pan", options.pan, -1.0, 1.0,
-              "Pan of every sound, -1 to 1, passed to the library as it is:\n"
-              "above 0 is heard on the left, below 0 on the right,\n"
-              "from 0.1 on nothing is left on the other side");
+              "Pan of every sound, -1 to 1, passed to the library as\n"
+              "it is: above 0 is heard on the left, below 0 on the\n"
+              "right; from 0.1 on the other side is silent");
     addNumber(app, "--speed", options.speed, 0.01, 5.0,
               "Playback speed, 0.01 to 5; changes the pitch too");
     app.add_flag("--loop", options.loop, "Start over at the end, until --seconds or Ctrl-C");
@@ -109,12 +109,12 @@ void addOutputOptions(CLI::App& app, Options& options) {
                                          "directsound8, directsound, alsa or coreaudio");
     driver->transform(CLI::IsMember(&DRIVERS, CLI::ignore_case).description(""));
     driver->type_name("NAME");
-    CLI::Option* render =
-        app.add_option("--render", options.renderTo,
-                       "Render to a WAV file (44100 Hz, stereo, 16 bit) instead of playing");
+    CLI::Option* render = app.add_option("--render", options.renderTo,
+                                         "Render to a WAV file instead of playing (44100 Hz,\n"
+                                         "stereo, 16 bit), as fast as possible");
     render->check(notEmpty())->excludes(driver)->type_name("OUT.wav");
     app.add_option("--gap", options.gapMilliseconds,
-                   "Silence between rendered files in milliseconds (default 250)")
+                   "Milliseconds of silence between rendered files\n(default 250)")
         ->check(between(0.0, 600000.0))
         ->needs(render)
         ->type_name("MS");
