@@ -28,8 +28,9 @@ static ISoundEngine* createEngine() {
 }
 
 static bool playToTheEnd(ISoundEngine* engine, const char* fileName) {
-    // With "track" set, play2D returns the sound, so that we can look after it. Without, the engine
-    // would play it just the same and forget it afterwards.
+    // Names are UTF-8. (Windows hands main() another encoding: this small program takes ASCII
+    // there.) With "track" set, play2D returns the sound, so that we can look after it. Without,
+    // the engine would play it just the same and forget it afterwards.
     const bool looped = false;
     const bool startPaused = false;
     const bool track = true;
