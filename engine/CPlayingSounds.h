@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/list.h"
+#include "core/prefetch.h"
 #include "engine/CSonimbraSound.h"
 
 namespace sn_internal {
@@ -42,8 +43,12 @@ public:
     /// Releases the finished sounds and calls refresh(sound) for the others, in one walk.
     template <class F>
     void update(F&& refresh) {
+        auto ahead = Playing.begin();
         for (auto it = Playing.begin(); it != Playing.end();) {
-            if ((*it)->isFinished()) {
+            if (ahead != Playing.end() && ++ahead != Playing.end()) {
+                prefetch(*ahead, FetchedBytes);
+            }
+            if ((*it)->isOver()) {
                 it = reap(it);
             } else {
                 refresh(**it);
@@ -71,6 +76,9 @@ public:
     };
 
 private:
+    /// What the walk looks at of a sound: with thousands of them, none is in the cache any more.
+    static constexpr std::size_t FetchedBytes = 256;
+
     CList::iterator reap(CList::iterator it);
 
     CList Playing;

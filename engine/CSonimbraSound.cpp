@@ -100,7 +100,7 @@ void CSonimbraSound::setIsLooped(bool looped) {
 
 bool CSonimbraSound::isFinished() {
     const CScopedLock lock(getLock());
-    return !isAttached() || isBufferFinished();
+    return isOver();
 }
 
 void CSonimbraSound::setMinDistance(float minDistance) {

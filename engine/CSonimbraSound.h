@@ -60,6 +60,8 @@ public:
     bool isPaused() const { return Paused; }
     bool isAttached() const { return Source != nullptr && Link->getEngine() != nullptr; }
     CSonimbraSoundSource* getAttachedSource() const { return Source; }
+    /// What isFinished answers to the application.
+    bool isOver() { return !isAttached() || isBufferFinished(); }
     bool hasStopEventReceiver() const { return StopEventReceiver != nullptr; }
     void deliverStopEvent(bool removedWithSource);
     /// @}

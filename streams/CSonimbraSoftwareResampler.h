@@ -33,6 +33,11 @@ public:
     std::int32_t read(std::int16_t* target, std::int32_t frameCount, float speed) override;
     bool setPosition(std::int32_t sourceFrame) override;
 
+    /// Bring what the next read needs into the cache: first the state, and when that is there the
+    /// samples of a block.
+    virtual void prefetchState() const {}
+    virtual void prefetchSamples(std::int32_t, float) const {}
+
     /// The source's format with two channels and the output rate.
     const sonimbra::SAudioStreamFormat& getFormat() const { return Format; }
     const sonimbra::SAudioStreamFormat& getSourceFormat() const { return SourceFormat; }

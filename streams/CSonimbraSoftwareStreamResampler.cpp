@@ -4,6 +4,7 @@
 #include "streams/CSonimbraSoftwareStreamResampler.h"
 
 #include "core/integers.h"
+#include "core/prefetch.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -89,7 +90,8 @@ void CSonimbraSoftwareStreamResampler::SChannel::keepLastSamples(std::int32_t co
 CSonimbraSoftwareStreamResampler::CSonimbraSoftwareStreamResampler(std::int32_t outputRate,
                                                                    sonimbra::IAudioStream* source)
     : CSonimbraSoftwareStreamResamplerBase(outputRate, source), Left(), Right() {
-    static_assert(offsetof(SChannel, samples) == sizeof(SChannel::guard));
+    static_assert(offsetof(SChannel, samples) ==
+                  offsetof(SChannel, guard) + sizeof(SChannel::guard));
     static const bool ready = fillCubicTables();
     static_cast<void>(ready);
     restart();
@@ -195,6 +197,26 @@ std::int32_t CSonimbraSoftwareStreamResampler::readBlock(std::int16_t* target,
         interleave(left, right, produced, target);
     }
     return produced;
+}
+
+void CSonimbraSoftwareStreamResampler::prefetchState() const {
+    prefetch(this, offsetof(SChannel, guard) + sizeof(CSonimbraSoftwareStreamResamplerBase));
+    prefetch(&Right.resampler, sizeof(Right.resampler));
+}
+
+void CSonimbraSoftwareStreamResampler::prefetchSamples(std::int32_t frameCount, float speed) const {
+    const long begin = Left.resampler.pos;
+    const float sourceFrames = limited(static_cast<float>(frameCount) * getStep(speed), 0.0f,
+                                       static_cast<float>(BufferFrames));
+    const long end = std::min<long>(BufferedFrames, begin + static_cast<long>(sourceFrames) + 1);
+    if (begin >= end) {
+        return;
+    }
+    const std::size_t byteCount = static_cast<std::size_t>(end - begin) * sizeof(sample_t);
+    prefetch(Left.samples + begin, byteCount);
+    if (isStereo()) {
+        prefetch(Right.samples + begin, byteCount);
+    }
 }
 
 bool CSonimbraSoftwareStreamResampler::setPosition(std::int32_t sourceFrame) {

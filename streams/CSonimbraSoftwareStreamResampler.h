@@ -17,6 +17,8 @@ public:
 
     std::int32_t read(std::int16_t* target, std::int32_t frameCount, float speed) override;
     bool setPosition(std::int32_t sourceFrame) override;
+    void prefetchState() const override;
+    void prefetchSamples(std::int32_t frameCount, float speed) const override;
 
 private:
     static constexpr std::int32_t BufferFrames = 2048;
@@ -25,9 +27,9 @@ private:
     /// One channel's source samples and its resampler. After a refill with a step above one, the
     /// resampler looks up to three samples in front of the buffer: they stand there.
     struct SChannel {
+        DUMB_RESAMPLER resampler;
         sample_t guard[GuardSamples];
         sample_t samples[BufferFrames];
-        DUMB_RESAMPLER resampler;
 
         void reset(std::int32_t count);
         void continueWith(std::int32_t count);
@@ -43,9 +45,9 @@ private:
     std::int32_t readPiece(void* scratch, std::int32_t frameCount);
     void convert(const void* scratch, std::int32_t firstFrame, std::int32_t frameCount);
 
+    std::int32_t BufferedFrames = 0;
     SChannel Left;
     SChannel Right;
-    std::int32_t BufferedFrames = 0;
 };
 
 } // namespace sn_internal

@@ -82,6 +82,18 @@ void CSonimbraSoftwareSound::releaseBuffer() {
     PlayedFrames = 0;
 }
 
+void CSonimbraSoftwareSound::prefetchState() const {
+    if (Resampler) {
+        Resampler->prefetchState();
+    }
+}
+
+void CSonimbraSoftwareSound::prefetchSamples(std::int32_t frameCount) const {
+    if (Resampler) {
+        Resampler->prefetchSamples(frameCount, PlaybackSpeed);
+    }
+}
+
 void CSonimbraSoftwareSound::render(std::int16_t* target, std::int32_t frameCount) {
     const std::int32_t rendered = renderFrames(target, frameCount);
     PlayedFrames += truncatedToUint32(static_cast<float>(rendered) * PlaybackSpeed);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "core/prefetch.h"
 #include "engine/CSonimbraSound.h"
 #include "streams/CSonimbraSoftwareResampler.h"
 
@@ -37,6 +38,12 @@ public:
     /// A sound that is neither finished nor cut off from its source. It may be paused.
     bool isActive() const { return Resampler && isAttached(); }
     bool isAudible() const { return BufferVolume != 0.0f; }
+
+    /// Bring the sound into the cache, one stage after the other, a few sounds before it is
+    /// rendered.
+    void prefetchSound() const { prefetch(this, sizeof(*this)); }
+    void prefetchState() const;
+    void prefetchSamples(std::int32_t frameCount) const;
 
     /// Writes frameCount frames of 16-bit stereo, with volume and pan applied, and advances. A
     /// sound that ends fills the rest and is finished afterwards.

@@ -22,6 +22,50 @@ CSonimbraSoftwareSound& toSoftwareSound(CSonimbraSound* sound) {
     return static_cast<CSonimbraSoftwareSound&>(*sound);
 }
 
+/// Walks a few sounds ahead of the mixer and has the processor fetch what they will need. With
+/// thousands of sounds their buffers do not stay in the cache from one output buffer to the next.
+class CLookahead {
+public:
+    CLookahead(const CPlayingSounds::CList& sounds, std::int32_t frameCount)
+        : End(sounds.end()),
+          Sound(sounds.begin()),
+          State(Sound),
+          Samples(Sound),
+          FrameCount(frameCount) {
+        while (Distance < SamplesAhead + 2 * StageDistance) {
+            advance();
+        }
+    }
+
+    void advance() {
+        ++Distance;
+        if (Sound != End) {
+            toSoftwareSound(*Sound).prefetchSound();
+            ++Sound;
+        }
+        if (Distance > StageDistance && State != End) {
+            toSoftwareSound(*State).prefetchState();
+            ++State;
+        }
+        if (Distance > 2 * StageDistance && Samples != End) {
+            toSoftwareSound(*Samples).prefetchSamples(FrameCount);
+            ++Samples;
+        }
+    }
+
+private:
+    /// How many sounds one stage runs ahead of the next, and the last one ahead of the mixer.
+    static constexpr std::int32_t StageDistance = 2;
+    static constexpr std::int32_t SamplesAhead = 1;
+
+    const CPlayingSounds::CList::iterator End;
+    CPlayingSounds::CList::iterator Sound;
+    CPlayingSounds::CList::iterator State;
+    CPlayingSounds::CList::iterator Samples;
+    const std::int32_t FrameCount;
+    std::int32_t Distance = 0;
+};
+
 } // namespace
 
 bool CSonimbraSoftwareSoundEngine::setMixedDataOutputReceiver(
@@ -91,7 +135,9 @@ void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int16_t* 
                                             std::int32_t frameCount) {
     std::int32_t sum[OutputChannels * LargestBlock];
     std::fill_n(sum, OutputChannels * frameCount, 0);
+    CLookahead lookahead(getSounds().getPlaying(), frameCount);
     for (CSonimbraSound* playing : getSounds().getPlaying()) {
+        lookahead.advance();
         CSonimbraSoftwareSound& sound = toSoftwareSound(playing);
         if (!sound.isActive() || sound.isPaused()) {
             continue;
