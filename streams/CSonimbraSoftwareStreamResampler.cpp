@@ -5,6 +5,7 @@
 
 #include "core/integers.h"
 #include "core/prefetch.h"
+#include "core/sample_kernels.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -17,10 +18,6 @@ namespace {
 /// reach the resampler.
 constexpr float SmallestStep = 1.0f / 65536.0f;
 constexpr float LargestStep = 32767.0f;
-
-std::int16_t clipped(sample_t sample) {
-    return static_cast<std::int16_t>(std::clamp<sample_t>(sample, INT16_MIN, INT16_MAX));
-}
 
 /// DUMB fills its coefficient tables at the first call and marks them as ready too early for a
 /// second thread. Running it once inside a guarded initialisation makes it safe.
@@ -52,14 +49,6 @@ void splitStereo(const Sample* source, std::int32_t count, sample_t* left, sampl
     for (std::int32_t i = 0; i < count; ++i) {
         left[i] = widened(source[2 * i]);
         right[i] = widened(source[2 * i + 1]);
-    }
-}
-
-void interleave(const sample_t* left, const sample_t* right, std::int32_t count,
-                std::int16_t* target) {
-    for (std::int32_t i = 0; i < count; ++i) {
-        target[2 * i] = clipped(left[i]);
-        target[2 * i + 1] = clipped(right[i]);
     }
 }
 
@@ -187,7 +176,7 @@ std::int32_t CSonimbraSoftwareStreamResampler::readBlock(std::int16_t* target,
     const auto produced =
         static_cast<std::int32_t>(dumb_resample_1_1(&Left.resampler, left, frameCount, 1.0f, step));
     if (!isStereo()) {
-        interleave(left, left, produced, target);
+        spreadMono(left, produced, target);
         return produced;
     }
     if (produced > 0) {

@@ -1,0 +1,93 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+// SSE2, which every 64-bit x86 processor has. Compilers do not find the saturating pack by
+// themselves: it takes the place of comparing, selecting and narrowing. Each function hands what is
+// left of a block to its portable twin.
+
+#include "core/sample_kernels.h"
+
+#include <emmintrin.h>
+
+namespace sn_internal {
+namespace {
+
+__m128i load(const void* source) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(source));
+}
+
+void store(void* target, __m128i value) {
+    _mm_storeu_si128(static_cast<__m128i*>(target), value);
+}
+
+/// The lower and upper four of eight samples, as 32 bits.
+__m128i lowerHalf(__m128i samples) {
+    return _mm_srai_epi32(_mm_unpacklo_epi16(samples, samples), 16);
+}
+__m128i upperHalf(__m128i samples) {
+    return _mm_srai_epi32(_mm_unpackhi_epi16(samples, samples), 16);
+}
+
+/// Multiplies in single precision, limits (NaN to the upper limit: the minimum returns its second
+/// operand then) and truncates.
+__m128i scaled(__m128i samples, __m128 gains) {
+    const __m128 value = _mm_mul_ps(_mm_cvtepi32_ps(samples), gains);
+    const __m128 limited =
+        _mm_max_ps(_mm_min_ps(value, _mm_set1_ps(32767.0f)), _mm_set1_ps(-32768.0f));
+    return _mm_cvttps_epi32(limited);
+}
+
+} // namespace
+
+void interleave(const std::int32_t* left, const std::int32_t* right, std::int32_t frameCount,
+                std::int16_t* target) {
+    std::int32_t i = 0;
+    for (; i + 4 <= frameCount; i += 4) {
+        const __m128i packed = _mm_packs_epi32(load(left + i), load(right + i));
+        store(target + 2 * i, _mm_unpacklo_epi16(packed, _mm_unpackhi_epi64(packed, packed)));
+    }
+    portable::interleave(left + i, right + i, frameCount - i, target + 2 * i);
+}
+
+void spreadMono(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
+    std::int32_t i = 0;
+    for (; i + 8 <= frameCount; i += 8) {
+        const __m128i packed = _mm_packs_epi32(load(mono + i), load(mono + i + 4));
+        store(target + 2 * i, _mm_unpacklo_epi16(packed, packed));
+        store(target + 2 * i + 8, _mm_unpackhi_epi16(packed, packed));
+    }
+    portable::spreadMono(mono + i, frameCount - i, target + 2 * i);
+}
+
+void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
+    const __m128 factors = _mm_setr_ps(gains.left, gains.right, gains.left, gains.right);
+    std::int32_t i = 0;
+    for (; i + 4 <= frameCount; i += 4) {
+        const __m128i block = load(samples + 2 * i);
+        store(samples + 2 * i, _mm_packs_epi32(scaled(lowerHalf(block), factors),
+                                               scaled(upperHalf(block), factors)));
+    }
+    portable::scale(samples + 2 * i, frameCount - i, gains);
+}
+
+void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32_t* sum) {
+    std::int32_t i = 0;
+    for (; i + 4 <= frameCount; i += 4) {
+        const __m128i block = load(samples + 2 * i);
+        std::int32_t* at = sum + 2 * i;
+        store(at, _mm_add_epi32(load(at), lowerHalf(block)));
+        store(at + 4, _mm_add_epi32(load(at + 4), upperHalf(block)));
+    }
+    portable::accumulate(samples + 2 * i, frameCount - i, sum + 2 * i);
+}
+
+void clip(const std::int32_t* sum, std::int32_t frameCount, std::int16_t* target) {
+    std::int32_t i = 0;
+    for (; i + 4 <= frameCount; i += 4) {
+        const std::int32_t* at = sum + 2 * i;
+        store(target + 2 * i, _mm_packs_epi32(load(at), load(at + 4)));
+    }
+    portable::clip(sum + 2 * i, frameCount - i, target + 2 * i);
+}
+
+} // namespace sn_internal
