@@ -44,10 +44,11 @@ public:
     template <class F>
     void update(F&& refresh) {
         auto ahead = Playing.begin();
+        for (std::int32_t i = 0; i < FetchDistance; ++i) {
+            fetchNext(ahead);
+        }
         for (auto it = Playing.begin(); it != Playing.end();) {
-            if (ahead != Playing.end() && ++ahead != Playing.end()) {
-                prefetch(*ahead, FetchedBytes);
-            }
+            fetchNext(ahead);
             if ((*it)->isOver()) {
                 it = reap(it);
             } else {
@@ -78,6 +79,14 @@ public:
 private:
     /// What the walk looks at of a sound: with thousands of them, none is in the cache any more.
     static constexpr std::size_t FetchedBytes = 256;
+    static constexpr std::int32_t FetchDistance = 6;
+
+    /// The iterator stays ahead of the walk, which erases only where it stands.
+    void fetchNext(CList::iterator& ahead) const {
+        if (ahead != Playing.end() && ++ahead != Playing.end()) {
+            prefetch(*ahead, FetchedBytes);
+        }
+    }
 
     CList::iterator reap(CList::iterator it);
 

@@ -55,8 +55,8 @@ public:
 
 private:
     /// How many sounds one stage runs ahead of the next, and the last one ahead of the mixer.
-    static constexpr std::int32_t StageDistance = 2;
-    static constexpr std::int32_t SamplesAhead = 1;
+    static constexpr std::int32_t StageDistance = 4;
+    static constexpr std::int32_t SamplesAhead = 3;
 
     const CPlayingSounds::CList::iterator End;
     CPlayingSounds::CList::iterator Sound;
