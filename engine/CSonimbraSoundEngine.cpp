@@ -284,16 +284,17 @@ void CSonimbraSoundEngine::removeSoundSource(ISoundSource* source) {
         return;
     }
     const CScopedLock lock(getLock());
+    // Held, so that no new source can take its address while receivers do what they like.
+    const auto own = counted_ptr<CSonimbraSoundSource>::share(Sources.find(source));
     {
         const CPlayingSounds::CRemoval removal(Sounds);
         Sounds.reapSoundsOf(source);
         Sounds.deliverStopEvents();
     }
-    // Looked for only now: a receiver may have removed it.
-    if (CSonimbraSoundSource* own = Sources.find(source)) {
-        onSourceRemoved(own);
+    if (own && Sources.find(source) != nullptr) { // a receiver may have removed it
+        onSourceRemoved(own.get());
         own->detachAllSounds();
-        Sources.remove(own);
+        Sources.remove(own.get());
     }
 }
 

@@ -141,7 +141,6 @@ private:
     bool isNameFree(const char* name) const;
     template <class TSource, class... Args>
     CSonimbraSoundSource* addSource(const char* name, Args&&... args);
-    void removeOwnSource(CSonimbraSoundSource& source);
 
     const CEngineLinkPtr Link;
     counted_ptr<io::IFileSystem> FileSystem;
