@@ -70,6 +70,7 @@ packages_sound="pulseaudio pulseaudio-utils libasound2-plugins"
 jobs=${SONIMBRA_JOBS:-$(nproc)}
 
 # configure_and_build PRESET FOLDER [CMAKE_OPTION...] -- [TARGET...]
+# Goes on after an error, so that one run shows all of them.
 configure_and_build() {
     local preset=$1 folder=$2 options=()
     shift 2
@@ -79,5 +80,5 @@ configure_and_build() {
     done
     [ $# -gt 0 ] && shift
     cmake --preset "$preset" -B "$folder" "${options[@]}" &&
-        cmake --build "$folder" --parallel "$jobs" ${1:+--target "$@"}
+        cmake --build "$folder" --parallel "$jobs" ${1:+--target "$@"} -- -k 0
 }
