@@ -52,11 +52,9 @@ CSonimbraSoundEngine::CSonimbraSoundEngine(io::IFileSystem* fileSystem, int opti
 }
 
 CSonimbraSoundEngine::~CSonimbraSoundEngine() {
-    stopEngineThread();
+    shutDown();
     {
         const CScopedLock lock(getLock());
-        Loaders.dropAll();
-        CSonimbraSoundEngine::removeAllSoundSources();
         FileSystem.reset();
         Link->forgetEngine();
     }
@@ -85,6 +83,13 @@ void CSonimbraSoundEngine::stopEngineThread() {
     while (IsThreadRunning) {
         std::this_thread::sleep_for(UpdateInterval / 2);
     }
+}
+
+void CSonimbraSoundEngine::shutDown() {
+    stopEngineThread();
+    const CScopedLock lock(getLock());
+    Loaders.dropAll();
+    removeAllSoundSources();
 }
 
 void CSonimbraSoundEngine::run(const SThreadStart&) {

@@ -113,6 +113,9 @@ protected:
     void startEngineThread();
     /// For a driver's destructor: refuses new sounds and waits until the thread has ended.
     void stopEngineThread();
+    /// For a driver's destructor: stops the thread, drops the decoders and removes all sources,
+    /// while the operations that receivers of stop events may call are still there.
+    void shutDown();
 
     ICriticalSection& getLock() const { return Link->getLock(); }
     const CEngineLinkPtr& getLink() const { return Link; }

@@ -15,7 +15,7 @@ CSonimbraNULLSoundEngine::CSonimbraNULLSoundEngine(io::IFileSystem* fileSystem, 
 }
 
 CSonimbraNULLSoundEngine::~CSonimbraNULLSoundEngine() {
-    stopEngineThread();
+    shutDown();
 }
 
 sonimbra::ISoundEngine* createNullEngine(io::IFileSystem* fileSystem, int options) {

@@ -15,6 +15,10 @@ CSonimbraOfflineSoundEngine::CSonimbraOfflineSoundEngine(io::IFileSystem* fileSy
     logText("Using Offline driver");
 }
 
+CSonimbraOfflineSoundEngine::~CSonimbraOfflineSoundEngine() {
+    shutDown();
+}
+
 std::int32_t CSonimbraOfflineSoundEngine::renderFrames(std::int16_t* target,
                                                        std::int32_t frameCount) {
     if (target == nullptr || frameCount < 1) {

@@ -14,6 +14,7 @@ class CSonimbraOfflineSoundEngine final : public CSonimbraSoftwareSoundEngine,
                                           public sonimbra::IOfflineSoundEngine {
 public:
     CSonimbraOfflineSoundEngine(io::IFileSystem* fileSystem, int options);
+    ~CSonimbraOfflineSoundEngine() override;
 
     const char* getDriverName() override { return "Offline"; }
     std::int32_t renderFrames(std::int16_t* target, std::int32_t frameCount) override;
