@@ -85,8 +85,10 @@ TEST(Vec3d, NormalizesInPlace) {
     vec3df v(0, 3, 4);
     const vec3df returned = v.normalize();
     EXPECT_EQ(returned, v);
-    // The reciprocal is rounded before it multiplies.
     EXPECT_EQ(v, vec3df(0, 3 * 0.2f, 4 * 0.2f));
+    // The reciprocal is rounded before it multiplies.
+    vec3df rounded(41, 0, 0);
+    EXPECT_EQ(rounded.normalize().X, std::nextafter(1.0f, 0.0f));
     vec3df zero;
     EXPECT_EQ(zero.normalize(), vec3df());
     zero.setLength(5);
