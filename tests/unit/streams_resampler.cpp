@@ -3,11 +3,10 @@
 
 #include "core/counted_ptr.h"
 #include "streams/CSonimbraSoftwareResampler.h"
+#include "tests/support/CResamplerReference.h"
 #include "tests/support/ramp.h"
 
 #include <gtest/gtest.h>
-
-#include <dumb.h>
 
 #include <algorithm>
 #include <limits>
@@ -77,107 +76,9 @@ Bytes noise(const sonimbra::SAudioStreamFormat& format, std::uint32_t seed) {
     return bytes;
 }
 
-/// One channel of the reference: DUMB's state over a source that lies in memory in one piece, with
-/// silence in front. So what a continued resampler looks back to is what really came before.
-class CReferenceChannel {
-public:
-    CReferenceChannel(const sonimbra::SAudioStreamFormat& format, const Bytes& bytes,
-                      std::int32_t channel)
-        : Line(LookBack, 0) {
-        for (std::int32_t frame = 0; frame < format.FrameCount; ++frame) {
-            const auto i = static_cast<std::size_t>(frame * format.ChannelCount + channel);
-            const int word = format.getSampleSize() == 1
-                                 ? (bytes[i] - 128) * 256
-                                 : static_cast<std::int16_t>(bytes[2 * i] | bytes[2 * i + 1] << 8);
-            Line.push_back(word);
-        }
-    }
-
-    void setRange(std::int32_t first, std::int32_t count) {
-        sample_t* begin = Line.data() + LookBack + first;
-        if (first == 0) {
-            dumb_reset_resampler(&State, begin, 1, 0, 0, count);
-        }
-        State.src = begin;
-        State.pos = State.subpos = 0;
-        State.end = count;
-        State.dir = 1;
-    }
-
-    std::int32_t resample(std::vector<sample_t>& target, std::int32_t count, float step) {
-        target.assign(static_cast<std::size_t>(count), 0);
-        return static_cast<std::int32_t>(
-            dumb_resample_1_1(&State, target.data(), count, 1.0f, step));
-    }
-
-private:
-    static constexpr std::size_t LookBack = 3;
-    std::vector<sample_t> Line;
-    DUMB_RESAMPLER State;
-};
-
-/// What a resampler must give for a source that arrives in portions. Blocks matter: the right
-/// channel is resampled only where the left one still gave something.
-class CReference {
-public:
-    CReference(const sonimbra::SAudioStreamFormat& format, const Bytes& bytes, std::int32_t portion)
-        : Left(format, bytes, 0),
-          Right(format, bytes, format.ChannelCount - 1),
-          IsStereo(format.ChannelCount == 2),
-          FrameCount(format.FrameCount),
-          Portion(std::min(portion, BufferFrames)) {
-        refill();
-    }
-
-    Frames read(std::int32_t frameCount, float step) {
-        Frames frames;
-        std::int32_t remaining = frameCount;
-        while (remaining > 0) {
-            const std::int32_t block = std::min(remaining, BufferFrames);
-            const std::int32_t got = Left.resample(LeftBlock, block, step);
-            if (got > 0) {
-                if (IsStereo) {
-                    Right.resample(RightBlock, block, step);
-                }
-                append(frames, got);
-                remaining -= got;
-            } else if (!refill()) {
-                break;
-            }
-        }
-        return frames;
-    }
-
-private:
-    bool refill() {
-        const std::int32_t count = std::min(Portion, FrameCount - Next);
-        Left.setRange(Next, count);
-        Right.setRange(Next, count);
-        Next += count;
-        return count > 0;
-    }
-
-    void append(Frames& frames, std::int32_t count) const {
-        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
-            for (const sample_t sample : {LeftBlock[i], (IsStereo ? RightBlock : LeftBlock)[i]}) {
-                frames.push_back(static_cast<std::int16_t>(std::clamp(sample, -32768, 32767)));
-            }
-        }
-    }
-
-    CReferenceChannel Left;
-    CReferenceChannel Right;
-    std::vector<sample_t> LeftBlock;
-    std::vector<sample_t> RightBlock;
-    bool IsStereo;
-    std::int32_t FrameCount;
-    std::int32_t Portion;
-    std::int32_t Next = 0;
-};
-
 Frames expectedFrames(const sonimbra::SAudioStreamFormat& format, const Bytes& bytes,
                       std::int32_t portion, float step) {
-    CReference reference(format, bytes, portion);
+    CResamplerReference reference(format, bytes, portion);
     return readAllBy([&](std::int32_t asked) { return reference.read(asked, step); });
 }
 
