@@ -6,7 +6,7 @@
 #include <cstddef>
 
 // The hint exists only for x86 compilers in a common form; elsewhere nothing is lost but time.
-#if __has_include(<xmmintrin.h>)
+#if defined(__SSE__) || defined(_M_X64)
 #include <xmmintrin.h>
 #endif
 
@@ -14,7 +14,7 @@ namespace sn_internal {
 
 /// Asks the processor to have memory at hand that will be read soon. Never faults.
 inline void prefetch(const void* begin, std::size_t byteCount) {
-#if __has_include(<xmmintrin.h>)
+#if defined(__SSE__) || defined(_M_X64)
     constexpr std::size_t cacheLine = 64;
     const auto* bytes = static_cast<const char*>(begin);
     for (std::size_t i = 0; i < byteCount; i += cacheLine) {

@@ -13,6 +13,10 @@ namespace sonimbra {
 /// compiled.
 template <class T>
 class snAllocator {
+protected:
+    virtual void* internal_new(std::size_t byteCount) { return ::operator new(byteCount); }
+    virtual void internal_delete(void* pointer) { ::operator delete(pointer); }
+
 public:
     virtual ~snAllocator() = default;
 
@@ -20,10 +24,6 @@ public:
         return static_cast<T*>(internal_new(elementCount * sizeof(T)));
     }
     void deallocate(T* pointer) { internal_delete(pointer); }
-
-protected:
-    virtual void* internal_new(std::size_t byteCount) { return ::operator new(byteCount); }
-    virtual void internal_delete(void* pointer) { ::operator delete(pointer); }
 };
 
 } // namespace sonimbra

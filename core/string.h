@@ -112,7 +112,13 @@ public:
         return size() == other.size() && std::equal(c_str(), c_str() + size(), other.c_str());
     }
 
-    bool operator<(const string& other) const { return isTextLess(c_str(), other.c_str()); }
+    /// A string that was never assigned sorts before an empty one.
+    bool operator<(const string& other) const {
+        if (size() == 0 && other.size() == 0) {
+            return used < other.used;
+        }
+        return isTextLess(c_str(), other.c_str());
+    }
 
 private:
     template <class C>

@@ -11,7 +11,7 @@
 
 namespace sn_internal::io {
 
-/// Reads a file on disk. Made by createReadFile only, so that its file is always open.
+/// Reads a file on disk. The file system hands out only readers whose file is open.
 class CReadFile final : public sonimbra::IFileReader {
 public:
     explicit CReadFile(const char* fileName);

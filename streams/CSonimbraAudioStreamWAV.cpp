@@ -39,7 +39,7 @@ public:
 
     bool readHeader() {
         unsigned char header[8] = {};
-        if (!cover(sizeof(header)) || File.read(header, 4) + File.read(header + 4, 4) != 8) {
+        if (!cover(sizeof(header)) || File.read(header, 4) != 4 || File.read(header + 4, 4) != 4) {
             return false;
         }
         std::memcpy(Id, header, sizeof(Id));
