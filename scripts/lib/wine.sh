@@ -7,7 +7,7 @@
 export WINEPREFIX="${SONIMBRA_WINEPREFIX:-$root/build/wine}"
 export WINEARCH=win64
 export WINEDEBUG="${WINEDEBUG:--all}"
-export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml,winemenubuilder.exe=}"
+export WINEDLLOVERRIDES="${WINEDLLOVERRIDES:-mscoree,mshtml,winemenubuilder.exe,winedbg.exe=}"
 
 # Creates the prefix once. Without a graphics driver hidden windows work on a machine that has no
 # display. The stamp is written last, so an interrupted start is done again.
