@@ -5,39 +5,27 @@
 
 #include "tests/support/wav.h"
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <string>
-#include <utility>
 
 namespace {
 
 using namespace sn_test;
 namespace fs = std::filesystem;
 
-struct SSeed {
-    const char* name;
-    Bytes file;
-};
-
-std::vector<SSeed> wavSeeds() {
+std::map<std::string, Bytes> wavSeeds() {
     const Bytes samples = countingBytes(96);
     return {
         {"mono8", wavFile({1, 11025, 8}, samples)},
-        {"stereo8", wavFile({2, 22050, 8}, samples)},
-        {"mono16", wavFile({1, 44100, 16}, samples)},
         {"stereo16", wavFile({2, 48000, 16}, samples)},
-        {"mono24", wavFile({1, 44100, 24}, samples)},
         {"stereo24", wavFile({2, 96000, 24}, samples)},
-        {"long_format", riffFile({formatChunk({}, 24), dataChunk(samples)})},
         {"data_first", riffFile({dataChunk(samples), formatChunk({})})},
         {"list_between", riffFile({formatChunk({}), {"LIST", Bytes(26)}, dataChunk(samples)})},
         {"data_too_long", riffFile({formatChunk({}), dataChunk(samples, 0x7fffff00)})},
         {"data_wraps", riffFile({formatChunk({}), dataChunk(samples, 0xffffffff)})},
         {"seeks_backward", riffFile({formatChunk({}), {"LIST", {}, 0xfffffff8}})},
-        {"float", wavFile({2, 44100, 32, 3}, samples)},
-        {"no_channels", wavFile({0, 44100, 16}, samples)},
     };
 }
 
@@ -51,25 +39,20 @@ bool write(const fs::path& path, Bytes bytes, const Bytes& file) {
     std::ofstream out(path, std::ios::binary);
     out.write(reinterpret_cast<const char*>(bytes.data()),
               static_cast<std::streamsize>(bytes.size()));
-    out.close();
-    return static_cast<bool>(out);
-}
-
-bool writeWavSeeds(const fs::path& folder) {
-    fs::create_directories(folder);
-    bool ok = true;
-    for (const SSeed& seed : wavSeeds()) {
-        ok = write(folder / seed.name, wavScript(), seed.file) && ok;
-    }
-    return ok;
+    return static_cast<bool>(out.flush());
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     if (argc != 2) {
-        std::fprintf(stderr, "usage: make_corpus FOLDER\n");
         return 2;
     }
-    return writeWavSeeds(fs::path(argv[1]) / "wav") ? 0 : 1;
+    const fs::path folder = fs::path(argv[1]) / "wav";
+    fs::create_directories(folder);
+    bool ok = true;
+    for (const auto& [name, file] : wavSeeds()) {
+        ok = write(folder / name, wavScript(), file) && ok;
+    }
+    return ok ? 0 : 1;
 }

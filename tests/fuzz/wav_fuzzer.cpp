@@ -45,11 +45,6 @@ void step(sonimbra::IAudioStream& stream, std::uint8_t command) {
     }
 }
 
-void check(const sonimbra::SAudioStreamFormat& format) {
-    require(format.ChannelCount == 1 || format.ChannelCount == 2);
-    require(format.getSampleSize() == 1 || format.getSampleSize() == 2);
-}
-
 void run(const std::uint8_t* script, const std::uint8_t* content, std::size_t size) {
     auto file =
         counted_ptr<sn_internal::io::CMemoryReadFile>::adopt(new sn_internal::io::CMemoryReadFile(
@@ -60,7 +55,8 @@ void run(const std::uint8_t* script, const std::uint8_t* content, std::size_t si
     if (!stream) {
         return;
     }
-    check(stream->getFormat());
+    const std::int32_t frameSize = stream->getFormat().getFrameSize();
+    require(frameSize == 1 || frameSize == 2 || frameSize == 4);
     for (std::size_t i = 0; i < ScriptSteps; ++i) {
         step(*stream.get(), script[i]);
     }

@@ -22,7 +22,6 @@ CScriptedFile::~CScriptedFile() {
 
 std::int32_t CScriptedFile::read(void* buffer, std::uint32_t sizeToRead) {
     ++reads;
-    bytesAsked += sizeToRead;
     const std::int64_t left = static_cast<std::int64_t>(Content.size()) - Position;
     const std::int64_t allowed = std::min(sizeToRead, bytesPerRead);
     const std::int64_t n = std::max<std::int64_t>(0, std::min(left, allowed));
@@ -35,14 +34,8 @@ std::int32_t CScriptedFile::read(void* buffer, std::uint32_t sizeToRead) {
 
 bool CScriptedFile::seek(std::int32_t finalPos, bool relativeMovement) {
     ++seeks;
-    if (seeksUntilFailure == 0) {
-        return false;
-    }
-    if (seeksUntilFailure > 0) {
-        --seeksUntilFailure;
-    }
     const std::int64_t target = finalPos + (relativeMovement ? Position : 0);
-    if (target < 0 || (refusesBehindEnd && target > getSize())) {
+    if (target < 0) {
         return false;
     }
     Position = target;

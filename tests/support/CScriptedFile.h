@@ -12,9 +12,8 @@
 
 namespace sn_test {
 
-/// A file in memory that counts what is asked of it and fails where a test wants it to.
-///
-/// Like a file on disk it can be positioned behind its end, unless refusesBehindEnd is set.
+/// A file in memory that counts what is asked of it and delivers in the portions that a test wants.
+/// Like a file on disk it can be positioned behind its end.
 class CScriptedFile : public sonimbra::IFileReader {
 public:
     explicit CScriptedFile(Bytes bytes, std::string name = "scripted.wav");
@@ -27,12 +26,9 @@ public:
     const char* getFileName() override { return Name.c_str(); }
 
     std::uint32_t bytesPerRead = UINT32_MAX; ///< one read gives at most so many
-    std::int32_t seeksUntilFailure = -1;     ///< so many succeed, then all fail; -1 never
-    bool refusesBehindEnd = false;
 
     std::int32_t reads = 0;
     std::int32_t seeks = 0;
-    std::uint64_t bytesAsked = 0;
 
     /// How many of these exist: back at its old value when nothing was leaked.
     static std::int32_t alive;

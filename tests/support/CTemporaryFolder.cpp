@@ -5,15 +5,18 @@
 
 #include <fstream>
 #include <random>
-#include <stdexcept>
 
 namespace sn_test {
 
 namespace fs = std::filesystem;
 
+namespace {
+
 fs::path pathOf(const std::string& utf8Name) {
     return fs::path(std::u8string(utf8Name.begin(), utf8Name.end()));
 }
+
+} // namespace
 
 std::string utf8Of(const fs::path& path) {
     const std::u8string text = path.u8string();
@@ -40,20 +43,7 @@ std::string CTemporaryFolder::write(const std::string& utf8Name, const Bytes& by
     std::ofstream file(Path / pathOf(utf8Name), std::ios::binary);
     file.write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) {
-        throw std::runtime_error("cannot write " + nameOf(utf8Name));
-    }
     return nameOf(utf8Name);
-}
-
-CWorkingDirectory::CWorkingDirectory(const fs::path& folder) : Before(fs::current_path()) {
-    fs::current_path(folder);
-}
-
-CWorkingDirectory::~CWorkingDirectory() {
-    std::error_code ignored;
-    fs::current_path(Before, ignored);
 }
 
 } // namespace sn_test

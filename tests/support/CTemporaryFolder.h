@@ -30,20 +30,7 @@ private:
     std::filesystem::path Path;
 };
 
-/// Makes a folder the working directory for the life of a scope.
-class CWorkingDirectory {
-public:
-    explicit CWorkingDirectory(const std::filesystem::path& folder);
-    ~CWorkingDirectory();
-    CWorkingDirectory(const CWorkingDirectory&) = delete;
-    CWorkingDirectory& operator=(const CWorkingDirectory&) = delete;
-
-private:
-    std::filesystem::path Before;
-};
-
-/// A path from its UTF-8 name, and back.
-std::filesystem::path pathOf(const std::string& utf8Name);
+/// A path's name in UTF-8.
 std::string utf8Of(const std::filesystem::path& path);
 
 } // namespace sn_test

@@ -34,7 +34,6 @@ public:
     CInstalledLogger& operator=(const CInstalledLogger&) = delete;
 
     sonimbra::ILogger* operator->() const { return Logger; }
-    sonimbra::ILogger* get() const { return Logger; }
 
 private:
     sonimbra::ILogger* Logger;

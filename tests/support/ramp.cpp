@@ -9,17 +9,13 @@ std::int16_t rampSample16(std::int64_t frame, std::int32_t channel) {
     return static_cast<std::int16_t>((frame + 20011 * channel) % 65521 - 32760);
 }
 
-std::uint8_t rampSample8(std::int64_t frame, std::int32_t channel) {
-    return static_cast<std::uint8_t>((frame + 83 * channel) % 251 + 2);
-}
-
 Bytes rampBytes(const sonimbra::SAudioStreamFormat& format, std::int64_t firstFrame,
                 std::int32_t frameCount) {
     Bytes bytes;
     for (std::int64_t frame = firstFrame; frame < firstFrame + frameCount; ++frame) {
         for (std::int32_t channel = 0; channel < format.ChannelCount; ++channel) {
             if (format.SampleFormat == sonimbra::E_SAMPLE_FORMAT::Unsigned8Bit) {
-                bytes.push_back(rampSample8(frame, channel));
+                bytes.push_back(static_cast<std::uint8_t>((frame + 83 * channel) % 251 + 2));
             } else {
                 append16(bytes, static_cast<std::uint16_t>(rampSample16(frame, channel)));
             }

@@ -15,7 +15,6 @@ namespace sn_test {
 /// The ramp: a signal whose every sample tells its frame and channel, so that a gap, a repeat, a
 /// swap of channels or a wrong start shows. It repeats after 65521 frames (8 bit: 251).
 std::int16_t rampSample16(std::int64_t frame, std::int32_t channel);
-std::uint8_t rampSample8(std::int64_t frame, std::int32_t channel);
 
 /// The ramp's frames from firstFrame on, in the layout of a stream of this format.
 Bytes rampBytes(const sonimbra::SAudioStreamFormat& format, std::int64_t firstFrame,

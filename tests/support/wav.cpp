@@ -7,10 +7,6 @@
 
 namespace sn_test {
 
-void appendText(Bytes& bytes, const std::string& text) {
-    bytes.insert(bytes.end(), text.begin(), text.end());
-}
-
 void append16(Bytes& bytes, std::uint32_t value) {
     bytes.push_back(static_cast<std::uint8_t>(value));
     bytes.push_back(static_cast<std::uint8_t>(value >> 8));
@@ -54,16 +50,14 @@ SWavChunk dataChunk(Bytes samples, std::optional<std::uint32_t> declaredSize) {
 }
 
 Bytes riffFile(const std::vector<SWavChunk>& chunks) {
-    Bytes body;
-    appendText(body, "WAVE");
+    Bytes body = {'W', 'A', 'V', 'E'};
     for (const SWavChunk& chunk : chunks) {
-        appendText(body, chunk.id);
+        body.insert(body.end(), chunk.id.begin(), chunk.id.end());
         append32(body,
                  chunk.declaredSize.value_or(static_cast<std::uint32_t>(chunk.payload.size())));
         body.insert(body.end(), chunk.payload.begin(), chunk.payload.end());
     }
-    Bytes file;
-    appendText(file, "RIFF");
+    Bytes file = {'R', 'I', 'F', 'F'};
     append32(file, static_cast<std::uint32_t>(body.size()));
     file.insert(file.end(), body.begin(), body.end());
     return file;

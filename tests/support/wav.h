@@ -12,7 +12,6 @@ namespace sn_test {
 
 using Bytes = std::vector<std::uint8_t>;
 
-void appendText(Bytes& bytes, const std::string& text);
 void append16(Bytes& bytes, std::uint32_t value);
 void append32(Bytes& bytes, std::uint32_t value);
 

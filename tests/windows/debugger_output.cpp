@@ -8,7 +8,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 #include <windows.h>
@@ -33,64 +32,21 @@ LONG CALLBACK listen(EXCEPTION_POINTERS* pointers) {
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
-class DebuggerOutput : public testing::Test {
-protected:
-    void SetUp() override {
-        Heard.clear();
-        Listener = AddVectoredExceptionHandler(1, listen);
-    }
-    void TearDown() override { RemoveVectoredExceptionHandler(Listener); }
-
-private:
-    void* Listener = nullptr;
-};
-
-TEST_F(DebuggerOutput, GetsEveryMessageOnceBesideStandardOutput) {
-    const CInstalledLogger logger(sonimbra::PrintDebugInfoIntoDebugger |
-                                  sonimbra::PrintDebugInfoToStdOut);
-    EXPECT_EQ(standardOutputOf([] {
-                  logText("line");
-                  logText("part", 0, false);
-                  logTextWithHint("text", "hint");
-                  printText("printed", true);
-              }),
-              "line\nparttext: hint\nprinted\n");
-    EXPECT_EQ(Heard, "line\n|part|text: hint\n|printed\n|");
-}
-
-TEST_F(DebuggerOutput, IsFilteredByLevelButNotInterpreted) {
+TEST(DebuggerOutput, GetsEveryMessageOnceAndAsItIs) {
+    void* const listener = AddVectoredExceptionHandler(1, listen);
     const CInstalledLogger logger(sonimbra::PrintDebugInfoIntoDebugger |
                                   sonimbra::PrintDebugInfoToStdOut);
     logger->setLogLevel(1);
     EXPECT_EQ(standardOutputOf([] {
                   logText("too low", 0);
-                  logText("50%% of %s", 1);
+                  logText("50%% of %s", 1, false);
+                  logTextWithHint("text", "hint", 1);
+                  const CInstalledLogger silent(0);
+                  printText("debugger only", true);
               }),
-              "50% of %s\n");
-    EXPECT_EQ(Heard, "50%% of %s\n|");
-}
-
-TEST_F(DebuggerOutput, GoesOnWithoutStandardOutput) {
-    const CInstalledLogger logger(sonimbra::PrintDebugInfoIntoDebugger);
-    {
-        const CInstalledLogger without(0);
-        EXPECT_EQ(standardOutputOf([] { logText("debugger only"); }), "");
-    }
-    EXPECT_EQ(Heard, "debugger only\n|");
-}
-
-// The channel is never switched off again, so silence needs a process of its own.
-TEST_F(DebuggerOutput, IsSilentUntilSwitchedOnDeathTest) {
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    const auto useStandardOutputOnly = [] {
-        const CInstalledLogger logger(sonimbra::PrintDebugInfoToStdOut);
-        standardOutputOf([] {
-            logText("not for the debugger");
-            printText("nor this", false);
-        });
-        std::_Exit(Heard.empty() ? 0 : 1);
-    };
-    EXPECT_EXIT(useStandardOutputOnly(), testing::ExitedWithCode(0), "");
+              "50% of %stext: hint\n");
+    EXPECT_EQ(Heard, "50%% of %s|text: hint\n|debugger only\n|");
+    RemoveVectoredExceptionHandler(listener);
 }
 
 } // namespace
