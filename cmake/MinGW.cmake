@@ -11,7 +11,8 @@ set(CMAKE_RC_COMPILER ${SONIMBRA_TRIPLET}-windres)
 
 # scripts/deps-windows puts headers and archives of the dependencies there. Nothing of the building
 # machine's own headers and libraries is looked at.
-set(CMAKE_FIND_ROOT_PATH "${CMAKE_CURRENT_LIST_DIR}/../build/deps/${SONIMBRA_TRIPLET}"
+get_filename_component(sonimbra_root "${CMAKE_CURRENT_LIST_DIR}" DIRECTORY)
+set(CMAKE_FIND_ROOT_PATH "${sonimbra_root}/build/deps/${SONIMBRA_TRIPLET}"
                          "/usr/${SONIMBRA_TRIPLET}")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -5,6 +5,7 @@
 # no target. Each program is one ctest entry, because every start under Wine costs seconds.
 
 # The folder may hold a GoogleTest checkout or the sources that Debian installs.
+set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # its options take the values that are set here
 set(INSTALL_GTEST OFF)
 set(gtest_force_shared_crt ON)
 if(NOT EXISTS "${SONIMBRA_GOOGLETEST_DIR}/CMakeLists.txt")
