@@ -21,6 +21,7 @@ using sonimbra::E_SOUND_OUTPUT_DRIVER;
 
 constexpr auto POLL_INTERVAL = std::chrono::milliseconds(20);
 constexpr double MIX_RATE = 44100.0;
+constexpr std::uint64_t QUEUE_FRAMES = 8192; ///< what the WinMM driver keeps queued
 
 /// Automatic choice: what the library prefers, then the driver that every Windows has.
 Counted<sonimbra::ISoundEngine> createEngine(const Options& options) {
@@ -52,6 +53,7 @@ public:
 
     int run() {
         Engine.setListenerPosition({0, 0, 0}, {0, 0, 1});
+        fillQueue();
         int result = AllPlayed;
         for (const auto& files : groups(Settings)) {
             if (stopped()) {
@@ -70,6 +72,15 @@ public:
     }
 
 private:
+    /// Lets silence fill the device's queue before the first sound: some systems leave a hole in
+    /// what they play while it fills.
+    void fillQueue() const {
+        const auto deadline = Clock::now() + std::chrono::milliseconds(300);
+        while (HasMeter && Meter.frames() < QUEUE_FRAMES && Clock::now() < deadline) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        }
+    }
+
     void play(Batch& batch) {
         Lines.begin(batch);
         batch.start();
@@ -107,7 +118,7 @@ private:
     /// Mixed sound stands in the device's queue for a while, and dropping the engine discards it.
     /// The queue is 8192 frames long; the rest is for buffers of the system behind it.
     void drain() {
-        const std::uint64_t end = Meter.frames() + 8192 + 4410;
+        const std::uint64_t end = Meter.frames() + QUEUE_FRAMES + 4410;
         const Clock::time_point limit = Clock::now() + std::chrono::seconds(1);
         while (HasMeter && Meter.frames() < end && Clock::now() < limit) {
             std::this_thread::sleep_for(POLL_INTERVAL);
