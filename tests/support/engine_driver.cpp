@@ -73,16 +73,4 @@ ScriptedEngine scriptedEngine(int options) {
     return ScriptedEngine::adopt(new CScriptedEngine(fileSystem.get(), options));
 }
 
-SListenerRelation listenerRelationOf(sonimbra::ISoundEngine& engine) {
-    auto& base = dynamic_cast<CSonimbraSoundEngine&>(engine);
-    const auto link = std::make_shared<CEngineLink>(&base);
-    const auto source = counted_ptr<CSonimbraSoundSource>::adopt(
-        new sonimbra::CVirtualUnknown<CSonimbraSoundSource>(link, "probe",
-                                                            sonimbra::E_STREAM_MODE::AutoDetect));
-    const auto probe = counted_ptr<CScriptedSound>::adopt(
-        new sonimbra::CVirtualUnknown<CScriptedSound>(link, source.get(), false, 1.0f, 2.0f));
-    base.refreshListenerRelation(*probe.get());
-    return probe->relation;
-}
-
 } // namespace sn_test

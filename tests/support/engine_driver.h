@@ -19,6 +19,8 @@ struct SListenerRelation {
     sonimbra::vec3df upVector;
     bool linearRolloff;
     float rolloffFactor;
+
+    bool operator==(const SListenerRelation&) const = default;
 };
 
 /// A sound without playback: keeps what its hooks were told, in order, and ends when a test wants
@@ -61,6 +63,8 @@ struct SDriverRequest {
     bool enableSoundEffects;
     float minDistance;
     float maxDistance;
+
+    bool operator==(const SDriverRequest&) const = default;
 };
 
 /// The engine's common base with a driver that writes down what it is told.
@@ -80,9 +84,6 @@ public:
                                          bool enableSoundEffects) override;
     void onSourceRemoved(sonimbra::ISoundSource* source) override;
 
-    /// What the destructor of a driver does first.
-    void beginShutDown() { stopEngineThread(); }
-
     bool makesSounds = true;
     std::vector<SDriverRequest> requests;
     std::vector<CScriptedSound*> sounds; ///< all that were made; some may be gone
@@ -96,8 +97,5 @@ using ScriptedEngine = sn_internal::counted_ptr<CScriptedEngine>;
 
 /// A multi-threaded one has no thread, so that it is seen what happens without one.
 ScriptedEngine scriptedEngine(int options = 0);
-
-/// What an engine tells its sounds about the listener.
-SListenerRelation listenerRelationOf(sonimbra::ISoundEngine& engine);
 
 } // namespace sn_test

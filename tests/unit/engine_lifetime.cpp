@@ -8,6 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cfloat>
+#include <cmath>
+#include <new>
 #include <numeric>
 
 namespace {
@@ -15,24 +18,60 @@ namespace {
 using namespace sn_test;
 using namespace sonimbra;
 
-/// A stream that keeps its file open, as real decoders do.
-class CFileStream : public CScriptedStream {
-public:
-    CFileStream(const SAudioStreamFormat& format, IFileReader& file)
-        : CScriptedStream(format, rampBytes(format, 0, format.FrameCount)),
-          File(sn_internal::counted_ptr<IFileReader>::share(&file)) {}
+const float Absurd[] = {NAN, INFINITY, -INFINITY, FLT_MAX, -FLT_MAX, FLT_TRUE_MIN, -0.0f};
+TEST(Arguments, NullsGiveNothing) {
+    const char* const noName = nullptr;
+    ISoundSource* const noSource = nullptr;
+    char byte = 0;
+    const Engine engine = nullEngine();
+    EXPECT_EQ(engine->play2D(noSource), nullptr);
+    EXPECT_EQ(engine->getSoundSource(noName, true), nullptr);
+    EXPECT_EQ(engine->addSoundSourceFromFile(nullptr), nullptr);
+    EXPECT_EQ(engine->addSoundSourceFromMemory(&byte, 1, nullptr), nullptr);
+    EXPECT_EQ(engine->addSoundSourceFromPCMData(&byte, 1, nullptr, {}), nullptr);
+    EXPECT_EQ(engine->addSoundSourceAlias(nullptr, nullptr), nullptr);
+    engine->removeSoundSource(noSource);
+    EXPECT_FALSE(engine->isCurrentlyPlaying(noSource));
+    EXPECT_FALSE(engine->isCurrentlyPlaying(noName));
+    engine->registerAudioStreamLoader(nullptr);
+    engine->addFileFactory(nullptr);
+    EXPECT_FALSE(engine->loadPlugins(nullptr));
+    EXPECT_EQ(engine->getSoundSourceCount(), 0);
+    EXPECT_EQ(offlineEngine()->renderFrames(nullptr, 100), 0);
+}
 
-private:
-    const sn_internal::counted_ptr<IFileReader> File;
-};
+TEST(Arguments, AbsurdNumbersDoNoHarm) {
+    const OfflineEngine engine = offlineEngine();
+    ISoundSource* wave = addSquareWave(*engine.get(), "w", 44100);
+    const Sound sound = Sound::adopt(engine->play3D(wave, vec3df(1, 2, 3), true, false, true));
+    for (const float number : Absurd) {
+        engine->setSoundVolume(number);
+        engine->setRolloffFactor(number);
+        sound->setVolume(number);
+        sound->setPan(number);
+        sound->setMinDistance(number);
+        sound->setMaxDistance(-number);
+        EXPECT_TRUE(sound->setPlaybackSpeed(number));
+        EXPECT_GE(sound->getPlaybackSpeed(), 0.01f);
+        EXPECT_LE(sound->getPlaybackSpeed(), 5.0f);
+        for (const vec3df& point : {vec3df(number, number, 1), vec3df(number, 0, -number)}) {
+            engine->setListenerPosition(point, point, point, point);
+            sound->setPosition(point);
+            EXPECT_EQ(rendered(*engine.get(), 300).size(), 600u);
+        }
+    }
+    for (const std::uint32_t position : {0u, 999u, 1000u, 0x7FFFFFFFu, UINT32_MAX}) {
+        EXPECT_TRUE(sound->setPlayPosition(position));
+        EXPECT_LE(sound->getPlayPosition(), 1000u);
+    }
+}
 
 /// One of everything that an application can hold, each to be let go on its own.
 struct SHoldings {
     SHoldings() {
         addFactory(*engine.get(), "f.own", {1, 2, 3});
-        addLoader(*engine.get(), ".own", [](IFileReader& reader) {
-            return new CFileStream(streamFormat(2, 5000, 22050), reader);
-        });
+        addLoader(*engine.get(), ".own",
+                  [](IFileReader&) { return createRampStream(streamFormat(2, 5000, 22050)); });
         sources[0] = Source::share(addSquareWave(*engine.get(), "base", 5000));
         sources[1] = Source::share(engine->addSoundSourceAlias(sources[0].get(), "alias"));
         sources[2] =
@@ -57,7 +96,8 @@ struct SHoldings {
     void use() {
         for (const Source& source : sources) {
             if (source) {
-                useSource(*source.get());
+                source->getPlayLength();
+                source->forceReloadAtNextUse();
             }
         }
         for (const Sound& sound : sounds) {
@@ -68,17 +108,6 @@ struct SHoldings {
                 EXPECT_EQ(sound->setPlayPosition(10), bool(engine));
             }
         }
-        if (engine) {
-            rendered(*engine.get(), 300);
-        }
-    }
-
-    void useSource(ISoundSource& source) {
-        source.getPlayLength();
-        source.forceReloadAtNextUse();
-        EXPECT_GT(source.getDefaultMinDistance(), 0.0f);
-        EXPECT_EQ(bool(Sound::adopt(source.createSound(nullptr, false, true, false, 1, 2))),
-                  engine && &source != sources[2].get());
     }
 
     CStopEvents events;
@@ -98,38 +127,15 @@ TEST(Lifetime, EverythingMayGoInAnyOrder) {
         }
         ASSERT_EQ(holdings.events.causes(), "22");
         ASSERT_EQ(CScriptedStream::alive, 0);
-        ASSERT_EQ(CScriptedFile::alive, 0);
     } while (std::next_permutation(std::begin(order), std::end(order)));
 }
 
-TEST(Lifetime, RemovedSourcesStopWhatTheyPlay) {
-    SHoldings holdings;
-    holdings.engine->removeSoundSource("f.own");
-    EXPECT_EQ(holdings.events.causes(), "2");
-    EXPECT_EQ(CScriptedStream::alive, 0) << "the decoder went with the sound's buffer";
+TEST(Arguments, CallbacksMayThrow) {
+    const Engine engine = nullEngine();
+    addFactory(*engine.get(), "x.y", {1});
+    addLoader(*engine.get(), ".y", [](IFileReader&) -> IAudioStream* { throw std::bad_alloc(); });
+    EXPECT_EQ(engine->play2D("x.y", false, true), nullptr);
     EXPECT_EQ(CScriptedFile::alive, 0);
-    EXPECT_TRUE(holdings.engine->isCurrentlyPlaying("base"));
-}
-
-TEST(Lifetime, ReceiversMayUseAnEngineThatGoes) {
-    OfflineEngine engine = offlineEngine();
-    CStopEvents events;
-    std::string driver;
-    bool acceptsReceivers = false;
-    std::int32_t frames = -1;
-    events.action = [&, raw = engine.get()](ISound*) {
-        std::int16_t target[600];
-        driver = raw->getDriverName();
-        acceptsReceivers = raw->setMixedDataOutputReceiver(nullptr);
-        frames = raw->renderFrames(target, 300);
-    };
-    const Sound sound = playTracked(*engine.get(), addSquareWave(*engine.get(), "w", 1000));
-    sound->setSoundStopEventReceiver(&events);
-    engine.reset();
-    EXPECT_EQ(events.causes(), "2");
-    EXPECT_EQ(driver, "Offline");
-    EXPECT_TRUE(acceptsReceivers);
-    EXPECT_EQ(frames, 300);
 }
 
 } // namespace
