@@ -90,7 +90,7 @@ private:
         Pair.change(sound, [=, seekable = IsSeekable[sound]](auto& s) {
             switch (what) {
             case 0:
-                return s.setVolume(value);
+                return s.setVolume(value < 0.5f ? 0.0f : value);
             case 1:
                 return s.setPan(value / 10.0f);
             case 2:

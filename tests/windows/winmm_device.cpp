@@ -106,11 +106,8 @@ TEST_P(WinMMDeviceModes, StopEventsArriveOnTheThreadThatUpdates) {
     EXPECT_EQ(GetCurrentThreadId(), thread);
 }
 
-/// The device must be free again each time, while a second engine plays on.
+/// The device must be free again each time.
 TEST_P(WinMMDeviceModes, EnginesComeAndGo) {
-    const Engine other = deviceEngine(sonimbra::MultiThreaded);
-    ASSERT_TRUE(other);
-    const Sound playing = playRecording(*other.get(), constant(100, 20000), true);
     for (int i = 0; i < 20; ++i) {
         CStopEvents events;
         Engine engine = deviceEngine(GetParam());
@@ -123,7 +120,6 @@ TEST_P(WinMMDeviceModes, EnginesComeAndGo) {
         engine.reset();
         EXPECT_EQ("2", events.causes());
     }
-    EXPECT_FALSE(playing->isFinished());
 }
 
 } // namespace

@@ -149,20 +149,21 @@ void CScriptedWaveOut::fail(const std::string& call, MMRESULT code) {
 }
 
 void CScriptedWaveOut::playAll() {
-    std::set<int> all;
-    for (int number = 0; number < 32; ++number) {
-        all.insert(number);
+    const CLock lock(Mutex);
+    while (!Queued.empty()) {
+        finish(Queued.begin()->first);
     }
-    play(all);
 }
 
-void CScriptedWaveOut::play(const std::set<int>& headers) {
+void CScriptedWaveOut::play(int header) {
     const CLock lock(Mutex);
-    for (const int number : headers) {
-        if (WAVEHDR* header = std::exchange(Queued[number], nullptr)) {
-            header->dwFlags = (header->dwFlags & ~static_cast<DWORD>(WHDR_INQUEUE)) | WHDR_DONE;
-        }
-    }
+    finish(header);
+}
+
+void CScriptedWaveOut::finish(int header) {
+    DWORD& flags = Queued.at(header)->dwFlags;
+    flags = (flags & ~static_cast<DWORD>(WHDR_INQUEUE)) | WHDR_DONE;
+    Queued.erase(header);
 }
 
 std::vector<std::string> CScriptedWaveOut::takeJournal() {
@@ -192,7 +193,7 @@ MMRESULT CScriptedWaveOut::answer(const char* what, HWAVEOUT device, const WAVEH
     expect(device == deviceHandle(), "uses another device");
     expect(size == sizeof(WAVEHDR), "gives a wrong size");
     expect(header->dwBufferLength == SliceSize && offset % SliceSize == 0, "lays slices wrongly");
-    expect(Queued[Number] == nullptr, "touches a header that is queued");
+    expect(Queued.count(Number) == 0, "touches a header that is queued");
     return answer(std::string(what) + " " + std::to_string(Number));
 }
 

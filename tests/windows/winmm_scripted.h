@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <map>
 #include <mutex>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -29,9 +28,9 @@ public:
     /// From now on a call answers with this code, and changes nothing.
     void fail(const std::string& call, MMRESULT code);
 
-    /// The device has played all that was written, or some of it.
+    /// The device has played all that was written, or one header of it.
     void playAll();
-    void play(const std::set<int>& headers);
+    void play(int header);
 
     /// Takes the calls since the last time, and the lines of others.
     std::vector<std::string> takeJournal();
@@ -49,6 +48,7 @@ private:
     MMRESULT answer(const std::string& call);
     MMRESULT answer(const char* what, HWAVEOUT device, const WAVEHDR* header, UINT size);
     void expect(bool condition, const char* mistake);
+    void finish(int header);
 
     std::mutex Mutex;
     std::map<std::string, MMRESULT> Failures;
