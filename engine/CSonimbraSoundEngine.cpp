@@ -56,7 +56,6 @@ CSonimbraSoundEngine::~CSonimbraSoundEngine() {
     {
         const CScopedLock lock(getLock());
         FileSystem.reset();
-        Link->forgetEngine();
     }
     releaseLogger(Logger);
 }
@@ -89,7 +88,15 @@ void CSonimbraSoundEngine::shutDown() {
     stopEngineThread();
     const CScopedLock lock(getLock());
     Loaders.dropAll();
+    endSounds();
+}
+
+/// The link is cut here, under the lock, and not where the common engine is destroyed: a thread
+/// that uses a sound in between must not find an engine whose class is half gone.
+void CSonimbraSoundEngine::endSounds() {
+    const CScopedLock lock(getLock());
     removeAllSoundSources();
+    Link->forgetEngine();
 }
 
 void CSonimbraSoundEngine::run(const SThreadStart&) {

@@ -113,8 +113,10 @@ protected:
     void startEngineThread();
     /// For a driver's destructor: refuses new sounds and waits until the thread has ended.
     void stopEngineThread();
-    /// For a driver's destructor: stops the thread, drops the decoders and removes all sources,
-    /// while the operations that receivers of stop events may call are still there.
+    /// For a driver's destructor: removes all sources, while the operations that receivers of stop
+    /// events may call are still there, and cuts off sources and sounds that others still hold.
+    void endSounds();
+    /// For a driver's destructor: stops the thread, drops the decoders and ends the sounds.
     void shutDown();
 
     ICriticalSection& getLock() const { return Link->getLock(); }

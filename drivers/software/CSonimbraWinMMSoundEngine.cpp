@@ -72,7 +72,7 @@ CSonimbraWinMMSoundEngine::CSonimbraWinMMSoundEngine(io::IFileSystem* fileSystem
 
 CSonimbraWinMMSoundEngine::~CSonimbraWinMMSoundEngine() {
     stopEngineThread();
-    removeAllSoundSources();
+    endSounds();
     if (Device != nullptr) {
         closeDevice();
     }
