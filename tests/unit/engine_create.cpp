@@ -39,6 +39,11 @@ TEST(Create, ReportsDriversThatDoNotExist) {
         EXPECT_EQ(loggedLinesOf([&] { made = isMade(c.driver, Printing); }), c.lines) << c.driver;
         EXPECT_FALSE(made) << c.driver;
     }
+    const CInstalledLogger logger;
+    logger->setLogLevel(1);
+    EXPECT_EQ(linesOf(standardOutputOf([] { isMade(4, Printing); })), Lines{InvalidLine});
+    nullEngine(0); // switches standard output off
+    EXPECT_EQ(standardOutputOf([] { isMade(4, Printing); }), "");
 }
 
 TEST(Create, EnginesIntroduceThemselves) {
@@ -75,6 +80,7 @@ TEST(Create, TheBaseAnswersForWhatDriversLeaveOut) {
                      "software driver.",
                      "playMusic() is not implemented in this version, yet. Sorry"}));
     EXPECT_TRUE(nullEngine(MultiThreaded)->isMultiThreaded());
+    EXPECT_FALSE(offlineEngine(MultiThreaded)->isMultiThreaded());
 }
 
 } // namespace

@@ -80,6 +80,9 @@ struct SHoldings {
             sounds[i] = playTracked(*engine.get(), sources[1 + i].get(), true);
             sounds[i]->setSoundStopEventReceiver(&events);
         }
+        events.action = [raw = engine.get()](ISound*) { // the whole engine must still be there
+            EXPECT_EQ(rendered(*raw, 300).size(), 600u);
+        };
     }
 
     void letGo(int which) {

@@ -78,11 +78,14 @@ TEST(Registry, RemovesOnlyWhatItHas) {
 TEST(Registry, LetsTheApplicationKeepSources) {
     const OfflineEngine engine = offlineEngine();
     const Source wave = Source::share(addSquareWave(*engine.get(), "kept", 44100));
+    const Sound sound = playTracked(*engine.get(), wave.get());
     engine->removeSoundSource(wave.get());
+    EXPECT_EQ(sound->getSoundSource(), nullptr);
     EXPECT_NE(addSquareWave(*engine.get(), "kept", 10), nullptr) << "the name is free";
     engine->removeSoundSource(wave.get());
     EXPECT_EQ(engine->getSoundSourceCount(), 1) << "not that of the same name";
     EXPECT_TRUE(playTracked(*engine.get(), wave.get()));
+    EXPECT_FALSE(playTracked(*offlineEngine().get(), wave.get())) << "another engine's source";
 }
 
 /// Renders more than any of these sounds has; returns the frames up to the last that is heard. The
