@@ -28,13 +28,38 @@ __m128i upperHalf(__m128i samples) {
     return _mm_srai_epi32(_mm_unpackhi_epi16(samples, samples), 16);
 }
 
-/// Multiplies in single precision, limits (NaN to the upper limit: the minimum returns its second
-/// operand then) and truncates.
-__m128i scaled(__m128i samples, __m128 gains) {
-    const __m128 value = _mm_mul_ps(_mm_cvtepi32_ps(samples), gains);
-    const __m128 limited =
-        _mm_max_ps(_mm_min_ps(value, _mm_set1_ps(32767.0f)), _mm_set1_ps(-32768.0f));
-    return _mm_cvttps_epi32(limited);
+/// Products truncated to 32 bits. Where they fit, the saturating pack limits them to 16.
+struct SFittingScale {
+    static __m128i apply(__m128i samples, __m128 gains) {
+        return _mm_cvttps_epi32(_mm_mul_ps(_mm_cvtepi32_ps(samples), gains));
+    }
+};
+
+/// Where they may not, they are limited first (NaN to the upper limit: the minimum returns its
+/// second operand then).
+struct SLimitedScale {
+    static __m128i apply(__m128i samples, __m128 gains) {
+        const __m128 value = _mm_mul_ps(_mm_cvtepi32_ps(samples), gains);
+        const __m128 low = _mm_min_ps(value, _mm_set1_ps(32767.0f));
+        return _mm_cvttps_epi32(_mm_max_ps(low, _mm_set1_ps(-32768.0f)));
+    }
+};
+
+template <class Scale>
+std::int32_t scaleBlocks(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
+    const __m128 factors = _mm_setr_ps(gains.left, gains.right, gains.left, gains.right);
+    std::int32_t i = 0;
+    for (; i + 4 <= frameCount; i += 4) {
+        const __m128i block = load(samples + 2 * i);
+        store(samples + 2 * i, _mm_packs_epi32(Scale::apply(lowerHalf(block), factors),
+                                               Scale::apply(upperHalf(block), factors)));
+    }
+    return i;
+}
+
+/// Whether any sample's product fits 32 bits; NaN does not.
+bool isModerate(float gain) {
+    return gain >= -60000.0f && gain <= 60000.0f;
 }
 
 } // namespace
@@ -60,13 +85,9 @@ void spreadMono(const std::int32_t* mono, std::int32_t frameCount, std::int16_t*
 }
 
 void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
-    const __m128 factors = _mm_setr_ps(gains.left, gains.right, gains.left, gains.right);
-    std::int32_t i = 0;
-    for (; i + 4 <= frameCount; i += 4) {
-        const __m128i block = load(samples + 2 * i);
-        store(samples + 2 * i, _mm_packs_epi32(scaled(lowerHalf(block), factors),
-                                               scaled(upperHalf(block), factors)));
-    }
+    const std::int32_t i = isModerate(gains.left) && isModerate(gains.right)
+                               ? scaleBlocks<SFittingScale>(samples, frameCount, gains)
+                               : scaleBlocks<SLimitedScale>(samples, frameCount, gains);
     portable::scale(samples + 2 * i, frameCount - i, gains);
 }
 
