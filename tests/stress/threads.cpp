@@ -49,25 +49,28 @@ void sleepALittle() {
 }
 
 TEST(Threads, OnAnEngineThatIsRendered) {
-    const OfflineEngine engine = offlineEngine();
+    OfflineEngine engine = offlineEngine();
     CWorkload load(*engine.get());
     load.run([&] { EXPECT_EQ(1000u, rendered(*engine.get(), 500).size()); });
+    engine.reset(); // before the receiver of its stop events
     EXPECT_LT(100, load.soundsPlayed);
     EXPECT_LT(100, load.events);
 }
 
 TEST(Threads, OnAnEngineWithAThreadAndAMixer) {
-    const Engine engine = threadedEngine();
+    Engine engine = threadedEngine();
     CWorkload load(*engine.get());
     load.run(sleepALittle);
+    engine.reset();
     EXPECT_LT(100, load.soundsPlayed);
     EXPECT_LT(100, load.events);
 }
 
 TEST(Threads, OnTheNullEngineWithAThread) {
-    const Engine engine = nullEngine(sonimbra::MultiThreaded);
+    Engine engine = nullEngine(sonimbra::MultiThreaded);
     CWorkload load(*engine.get());
     load.run(sleepALittle);
+    engine.reset();
     EXPECT_EQ(0, load.soundsPlayed + load.events);
 }
 

@@ -13,7 +13,7 @@ using namespace sn_test;
 
 TEST(Threads, OnTheWinMMEngine) {
     for (const int options : {0, int(sonimbra::MultiThreaded)}) {
-        const Engine engine = Engine::adopt(
+        Engine engine = Engine::adopt(
             sonimbra::createSonimbraDevice(sonimbra::E_SOUND_OUTPUT_DRIVER::WinMM, options));
         ASSERT_TRUE(engine) << "this machine has no sound device";
         CWorkload load(*engine.get());
@@ -21,6 +21,7 @@ TEST(Threads, OnTheWinMMEngine) {
             engine->update();
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
         });
+        engine.reset(); // before the receiver of its stop events
         EXPECT_LT(100, load.soundsPlayed);
         EXPECT_LT(100, load.events);
     }

@@ -89,11 +89,11 @@ TEST_P(WinMMDeviceModes, PlaysInRealTime) {
 }
 
 TEST_P(WinMMDeviceModes, StopEventsArriveOnTheThreadThatUpdates) {
-    const Engine engine = deviceEngine(GetParam());
-    ASSERT_TRUE(engine);
     std::atomic<DWORD> thread{0};
     CStopEvents events;
     events.action = [&](sonimbra::ISound*) { thread = GetCurrentThreadId(); };
+    const Engine engine = deviceEngine(GetParam());
+    ASSERT_TRUE(engine);
     const Sound ending = playRecording(*engine.get(), constant(100, 2000));
     ending->setSoundStopEventReceiver(&events);
     EXPECT_TRUE(updateUntil(*engine.get(), [&] { return thread != 0; }));
