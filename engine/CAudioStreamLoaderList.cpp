@@ -47,7 +47,9 @@ sonimbra::IAudioStream* CAudioStreamLoaderList::createAudioStream(sonimbra::IFil
     name.make_lower();
     CAttempts attempts(file);
     for (const bool byName : {true, false}) {
-        for (sonimbra::IAudioStreamLoader* loader : Loaders) {
+        // By index: a loader may register others while it is asked.
+        for (std::uint32_t i = 0; i < Loaders.size(); ++i) {
+            sonimbra::IAudioStreamLoader* loader = Loaders[i];
             if (byName && !loader->isALoadableFileExtension(name.c_str())) {
                 continue;
             }

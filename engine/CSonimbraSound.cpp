@@ -171,7 +171,7 @@ void CSonimbraSound::deliverStopEvent(bool removedWithSource) {
         return;
     }
     auto cause = E_STOP_EVENT_CAUSE::SoundFinishedPlaying;
-    if (removedWithSource) {
+    if (removedWithSource || Source == nullptr) {
         cause = E_STOP_EVENT_CAUSE::SoundStoppedBySourceRemoval;
     } else if (StoppedByUser) {
         cause = E_STOP_EVENT_CAUSE::SoundStoppedByUser;

@@ -20,8 +20,9 @@ sonimbra::IFileReader* CFileSystem::createAndOpenFile(const char* filename) {
     if (filename == nullptr) {
         return nullptr;
     }
-    for (sonimbra::IFileFactory* factory : FileFactories) {
-        if (sonimbra::IFileReader* reader = factory->createFileReader(filename)) {
+    // By index: a factory may add others while it is asked.
+    for (std::uint32_t i = 0; i < FileFactories.size(); ++i) {
+        if (sonimbra::IFileReader* reader = FileFactories[i]->createFileReader(filename)) {
             return reader;
         }
     }

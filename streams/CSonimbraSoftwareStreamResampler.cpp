@@ -4,6 +4,7 @@
 #include "streams/CSonimbraSoftwareStreamResampler.h"
 
 #include "core/integers.h"
+#include "core/no_throw.h"
 #include "core/prefetch.h"
 #include "core/sample_kernels.h"
 
@@ -128,7 +129,8 @@ std::int32_t CSonimbraSoftwareStreamResampler::fillBuffers() {
 
 /// Trusts no stream to keep to what it was asked.
 std::int32_t CSonimbraSoftwareStreamResampler::readPiece(void* scratch, std::int32_t frameCount) {
-    return std::clamp(Source->readFrames(scratch, frameCount), 0, frameCount);
+    return withoutExceptions(
+        0, [&] { return std::clamp(Source->readFrames(scratch, frameCount), 0, frameCount); });
 }
 
 void CSonimbraSoftwareStreamResampler::convert(const void* scratch, std::int32_t firstFrame,
@@ -209,7 +211,7 @@ void CSonimbraSoftwareStreamResampler::prefetchSamples(std::int32_t frameCount, 
 }
 
 bool CSonimbraSoftwareStreamResampler::setPosition(std::int32_t sourceFrame) {
-    if (!Source->setPosition(sourceFrame)) {
+    if (!withoutExceptions(false, [&] { return Source->setPosition(sourceFrame); })) {
         return false;
     }
     restart();

@@ -94,7 +94,7 @@ sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverStream(sonimbra::IAu
                                                                    float minDistance,
                                                                    float maxDistance, bool) {
     auto* own = dynamic_cast<CSonimbraSoundSource*>(source);
-    if (own == nullptr) {
+    if (own == nullptr || !own->belongsTo(getLink())) {
         return nullptr;
     }
     const CScopedLock lock(getLock());

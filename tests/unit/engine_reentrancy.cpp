@@ -1,0 +1,117 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "tests/support/engine_driver.h"
+#include "tests/support/engine_helpers.h"
+#include "tests/support/ramp.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace {
+
+using namespace sn_test;
+using namespace sonimbra;
+
+/// What a receiver starts anew while its source is being removed goes with the
+/// source.
+TEST(Reentrancy, SoundsStartedDuringARemovalReportIt) {
+    for (const bool all : {false, true}) {
+        const ScriptedEngine driver = scriptedEngine();
+        ISoundEngine& engine = *driver.get();
+        ISoundSource* wave = addSquareWave(engine, "w", 1000);
+        CStopEvents events;
+        Sound again;
+        events.action = [&](ISound*) {
+            events.action = nullptr;
+            again = playTracked(engine, wave);
+            again->setSoundStopEventReceiver(&events);
+        };
+        playTracked(engine, wave)->setSoundStopEventReceiver(&events);
+        all ? engine.removeAllSoundSources() : engine.removeSoundSource(wave);
+        engine.update();
+        EXPECT_EQ(events.causes(), "22");
+    }
+}
+
+TEST(Reentrancy, SoundsReportThatTheirAliasTookTheBaseAway) {
+    const ScriptedEngine driver = scriptedEngine();
+    ISoundEngine& engine = *driver.get();
+    ISoundSource* base = addSquareWave(engine, "w", 1000);
+    ISoundSource* alias = engine.addSoundSourceAlias(base, "alias");
+    engine.removeSoundSource(base);
+    CStopEvents events;
+    const Sound sound = playTracked(engine, alias);
+    sound->setSoundStopEventReceiver(&events);
+    engine.removeSoundSource(alias);
+    EXPECT_TRUE(sound->isFinished());
+    engine.update();
+    EXPECT_EQ(events.causes(), "2");
+}
+
+/// Adds many factories when it is first asked, so that their list moves.
+class CAddingFactory : public IFileFactory {
+public:
+    explicit CAddingFactory(ISoundEngine& engine) : Engine(engine) {}
+    IFileReader* createFileReader(const char*) override {
+        for (; Missing > 0; --Missing) {
+            addFactory(Engine, "x.y", {1, 2});
+        }
+        return nullptr;
+    }
+
+private:
+    ISoundEngine& Engine;
+    int Missing = 20;
+};
+
+TEST(Reentrancy, LoadersAndFactoriesMayBeAddedWhileTheyAreAsked) {
+    const OfflineEngine engine = offlineEngine();
+    const auto factory =
+        sn_internal::counted_ptr<IFileFactory>::adopt(new CAddingFactory(*engine.get()));
+    engine->addFileFactory(factory.get());
+    addFactory(*engine.get(), "x.y", {1});
+    int missing = 20;
+    addLoader(*engine.get(), ".y", [&](IFileReader&) -> IAudioStream* {
+        for (; missing > 0; --missing) {
+            addLoader(*engine.get(), ".y",
+                      [](IFileReader&) { return createRampStream(streamFormat(1, 10, 8000)); });
+        }
+        return nullptr;
+    });
+    addLoader(*engine.get(), ".y", [](IFileReader&) { return nullptr; });
+    EXPECT_TRUE(Sound::adopt(engine->play2D("x.y", false, true)));
+}
+
+/// Plays its first buffers, then fails.
+class CThrowingStream : public CScriptedStream {
+public:
+    using CScriptedStream::CScriptedStream;
+    std::int32_t readFrames(void* target, std::int32_t frames) override {
+        if (reads == 2) {
+            throw std::runtime_error("read");
+        }
+        return CScriptedStream::readFrames(target, frames);
+    }
+    bool setPosition(std::int32_t) override { throw std::runtime_error("seek"); }
+};
+
+TEST(Reentrancy, DecodersMayThrow) {
+    const OfflineEngine engine = offlineEngine();
+    addFactory(*engine.get(), "x.y", {1});
+    addLoader(*engine.get(), ".y", [](IFileReader&) {
+        const auto format = streamFormat(1, 10000, 44100);
+        return new CThrowingStream(format, rampBytes(format, 0, 10000));
+    });
+    for (const bool looped : {false, true}) {
+        ISoundSource* source = engine->getSoundSource("x.y");
+        source->setStreamMode(E_STREAM_MODE::Streaming);
+        const Sound sound = playTracked(*engine.get(), source, looped);
+        EXPECT_NO_THROW(EXPECT_FALSE(sound->setPlayPosition(10)));
+        EXPECT_NO_THROW(rendered(*engine.get(), 8192));
+        EXPECT_EQ(sound->isFinished(), !looped);
+    }
+}
+
+} // namespace
