@@ -100,12 +100,22 @@ void CSonimbraWinMMSoundEngine::prepareBuffers() {
 void CSonimbraWinMMSoundEngine::updateDriver() {
     const CScopedLock lock(getLock());
     updateSounds();
+    refillPlayedBuffers();
+    deliverStopEvents();
+}
+
+/// Receivers of the mixed output may cause an update from inside: the buffers are in work then.
+void CSonimbraWinMMSoundEngine::refillPlayedBuffers() {
+    if (IsRefilling) {
+        return;
+    }
+    IsRefilling = true;
     for (WAVEHDR& header : Headers) {
         if ((header.dwFlags & WHDR_DONE) != 0) {
             refill(header);
         }
     }
-    deliverStopEvents();
+    IsRefilling = false;
 }
 
 void CSonimbraWinMMSoundEngine::refill(WAVEHDR& header) {

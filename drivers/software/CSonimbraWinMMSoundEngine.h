@@ -27,10 +27,12 @@ private:
 
     bool openDevice();
     void prepareBuffers();
+    void refillPlayedBuffers();
     void refill(WAVEHDR& header);
     void closeDevice();
 
     HWAVEOUT Device = nullptr;
+    bool IsRefilling = false;
     WAVEHDR Headers[BufferCount] = {};
     std::int16_t Samples[BufferCount][OutputChannels * OutputBufferFrames] = {};
 };
