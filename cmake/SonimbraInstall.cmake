@@ -11,8 +11,8 @@ set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Sonimbra")
 install(FILES ${sonimbra_public_headers} DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/sonimbra")
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/sonimbra")
 
-# The static archive has its own export file: it needs DUMB where it is used, the shared library
-# does not.
+# The static archive has its own export file: it needs the libraries beneath it where it is used,
+# the shared library does not.
 install(TARGETS sonimbra EXPORT SonimbraTargets
         INCLUDES DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}")
 install(EXPORT SonimbraTargets NAMESPACE Sonimbra:: DESTINATION "${package_dir}")
@@ -28,4 +28,6 @@ write_basic_package_version_file("${PROJECT_BINARY_DIR}/SonimbraConfigVersion.cm
 install(FILES "${PROJECT_BINARY_DIR}/SonimbraConfig.cmake"
               "${PROJECT_BINARY_DIR}/SonimbraConfigVersion.cmake"
               "${CMAKE_CURRENT_LIST_DIR}/FindDUMB.cmake"
+              "${CMAKE_CURRENT_LIST_DIR}/FindLibUUID.cmake"
+              "${CMAKE_CURRENT_LIST_DIR}/FindVorbisFile.cmake"
         DESTINATION "${package_dir}")

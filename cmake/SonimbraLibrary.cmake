@@ -4,6 +4,7 @@
 # The library: `sonimbra` (shared, Sonimbra::Sonimbra) and `sonimbra_static` (Sonimbra::Static).
 
 find_package(DUMB REQUIRED)
+find_package(VorbisFile REQUIRED)
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 find_package(Threads REQUIRED)
 
@@ -11,9 +12,13 @@ sonimbra_collect_sources(sonimbra_sources core io streams engine drivers/softwar
 file(GLOB sonimbra_public_headers CONFIGURE_DEPENDS
      "${PROJECT_SOURCE_DIR}/engine/include/sonimbra/*.h")
 
-set(sonimbra_system_libraries Threads::Threads)
+set(sonimbra_libraries DUMB::DUMB VorbisFile::VorbisFile Threads::Threads)
 if(WIN32)
-  list(APPEND sonimbra_system_libraries winmm)
+  list(APPEND sonimbra_libraries winmm)
+else()
+  find_package(ALSA REQUIRED)
+  find_package(LibUUID REQUIRED)
+  list(APPEND sonimbra_libraries ALSA::ALSA LibUUID::LibUUID ${CMAKE_DL_LIBS})
 endif()
 
 if(NOT sonimbra_sources)
@@ -27,7 +32,7 @@ function(sonimbra_add_objects target)
   sonimbra_hide_symbols(${target})
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/engine/include")
-  target_link_libraries(${target} PRIVATE DUMB::DUMB Threads::Threads)
+  target_link_libraries(${target} PRIVATE ${sonimbra_libraries})
 endfunction()
 
 sonimbra_add_objects(sonimbra_objects)
@@ -53,7 +58,7 @@ sonimbra_configure_target(sonimbra)
 sonimbra_set_usage(sonimbra)
 set_target_properties(sonimbra PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME Sonimbra
                                           VERSION ${PROJECT_VERSION} SOVERSION 1)
-target_link_libraries(sonimbra PRIVATE DUMB::DUMB ${sonimbra_system_libraries})
+target_link_libraries(sonimbra PRIVATE ${sonimbra_libraries})
 if(WIN32)
   set_target_properties(sonimbra PROPERTIES PREFIX "") # sonimbra.dll with every compiler
   if(MINGW)
@@ -68,7 +73,7 @@ add_library(Sonimbra::Static ALIAS sonimbra_static)
 sonimbra_set_usage(sonimbra_static)
 set_target_properties(sonimbra_static PROPERTIES LINKER_LANGUAGE CXX EXPORT_NAME Static)
 target_compile_definitions(sonimbra_static INTERFACE SONIMBRA_STATIC)
-target_link_libraries(sonimbra_static PUBLIC DUMB::DUMB ${sonimbra_system_libraries})
+target_link_libraries(sonimbra_static PUBLIC ${sonimbra_libraries})
 
 if(SONIMBRA_INSTALL)
   include(SonimbraInstall)

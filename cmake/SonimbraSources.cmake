@@ -5,8 +5,8 @@
 #
 # Lists the .cpp files of the folders (relative to the repository root; a folder that is not there
 # adds nothing) that belong to the target platform: *_win32.cpp and the WinMM back end on Windows,
-# *_posix.cpp elsewhere, *_x86.cpp or *_generic.cpp by the processor, and everything that carries no
-# platform in its name.
+# *_posix.cpp and the ALSA back end elsewhere, *_x86.cpp or *_generic.cpp by the processor, and
+# everything that carries no platform in its name.
 function(sonimbra_collect_sources variable)
   set(sources)
   foreach(folder IN LISTS ARGN)
@@ -15,6 +15,7 @@ function(sonimbra_collect_sources variable)
   endforeach()
   if(WIN32)
     list(FILTER sources EXCLUDE REGEX "_posix\\.cpp$")
+    list(FILTER sources EXCLUDE REGEX "/CSonimbraALSA[^/]*\\.cpp$")
   else()
     list(FILTER sources EXCLUDE REGEX "_win32\\.cpp$")
     list(FILTER sources EXCLUDE REGEX "/CSonimbraWinMM[^/]*\\.cpp$")

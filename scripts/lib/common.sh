@@ -59,7 +59,7 @@ refresh_package_lists() {
 
 # Packages behind the presets.
 packages_build="cmake ninja-build"
-packages_linux="$packages_build g++ libdumb1-dev libcli11-dev"
+packages_linux="$packages_build g++ libdumb1-dev libogg-dev libvorbis-dev libasound2-dev uuid-dev libcli11-dev"
 packages_clang="$packages_linux clang-14 libclang-rt-14-dev llvm-14"
 packages_windows="$packages_build libcli11-dev g++-mingw-w64-x86-64-posix"
 packages_windows_x86="$packages_build libcli11-dev g++-mingw-w64-i686-posix"
