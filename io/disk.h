@@ -30,6 +30,12 @@ std::int32_t measureDiskFile(std::FILE* file);
 
 /// Writes the current folder into buffer; false (and an empty text) when it does not fit.
 bool readWorkingDirectory(char* buffer, std::uint32_t size);
+
+/// The full name of the running program, cut behind this many characters; empty when it cannot be
+/// told.
+constexpr std::uint32_t LongestExecutablePath = 1024;
+sonimbra::string<char> executablePath();
+
 bool enterDirectory(const char* directory);
 
 /// Makes a folder; true also when it exists already.

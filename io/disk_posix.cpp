@@ -66,6 +66,13 @@ bool readWorkingDirectory(char* buffer, std::uint32_t size) {
     return false;
 }
 
+sonimbra::string<char> executablePath() {
+    char path[LongestExecutablePath + 1] = "";
+    const ssize_t length = readlink("/proc/self/exe", path, LongestExecutablePath);
+    path[length < 0 ? 0 : length] = 0;
+    return path;
+}
+
 bool enterDirectory(const char* directory) {
     return chdir(directory) == 0;
 }

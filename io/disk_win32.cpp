@@ -3,11 +3,11 @@
 
 #include "io/disk.h"
 
+#include "core/wide_text_win32.h"
+
 #include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <memory>
-#include <string>
 
 #include <direct.h>
 #include <io.h>
@@ -15,25 +15,6 @@
 
 namespace sn_internal::io {
 namespace {
-
-/// Into a buffer of twice the name's length plus one; a name that cannot be converted is empty.
-std::wstring widened(const char* text) {
-    std::wstring wide(2 * std::strlen(text) + 1, L'\0');
-    if (MultiByteToWideChar(CP_UTF8, 0, text, -1, wide.data(), static_cast<int>(wide.size())) ==
-        0) {
-        return std::wstring();
-    }
-    return wide.c_str();
-}
-
-bool narrow(const wchar_t* text, char* buffer, std::uint32_t size) {
-    if (WideCharToMultiByte(CP_UTF8, 0, text, -1, buffer, static_cast<int>(size), nullptr,
-                            nullptr) != 0) {
-        return true;
-    }
-    buffer[0] = 0;
-    return false;
-}
 
 FileEntry describe(const _wfinddata_t& found) {
     char name[4 * sizeof(found.name) / sizeof(found.name[0])];
@@ -87,6 +68,14 @@ bool readWorkingDirectory(char* buffer, std::uint32_t size) {
         return false;
     }
     return narrow(folder.get(), buffer, size);
+}
+
+sonimbra::string<char> executablePath() {
+    wchar_t path[LongestExecutablePath + 1] = L"";
+    GetModuleFileNameW(nullptr, path, LongestExecutablePath);
+    char name[4 * LongestExecutablePath + 1];
+    narrow(path, name, sizeof(name));
+    return name;
 }
 
 bool enterDirectory(const char* directory) {
