@@ -8,6 +8,7 @@
 #include "core/log.h"
 #include "core/no_throw.h"
 #include "engine/CSonimbraMemorySoundSource.h"
+#include "engine/CSonimbraPluginManager.h"
 #include "engine/CSonimbraPurePCMSoundSource.h"
 #include "engine/CSonimbraSoundSourceAlias.h"
 #include "engine/version.h"
@@ -49,6 +50,11 @@ CSonimbraSoundEngine::CSonimbraSoundEngine(io::IFileSystem* fileSystem, int opti
       Logger(acquireLogger(options)) {
     logText("Sonimbra sound library version " SONIMBRA_LIBRARY_VERSION);
     registerBuiltInLoaders();
+    if ((options & sonimbra::LoadPlugins) != 0) {
+        withoutExceptions([this] {
+            CSonimbraPluginManager(this, FileSystem.get()).loadPluginsFromStartFolders();
+        });
+    }
 }
 
 CSonimbraSoundEngine::~CSonimbraSoundEngine() {
@@ -394,6 +400,12 @@ CSonimbraSoundEngine::createAudioStreamForFile(sonimbra::IFileReader& file) {
 void CSonimbraSoundEngine::addFileFactory(sonimbra::IFileFactory* fileFactory) {
     const CScopedLock lock(getLock());
     withoutExceptions([&] { FileSystem->addFileFactory(fileFactory); });
+}
+
+bool CSonimbraSoundEngine::loadPlugins(const char* path) {
+    const CScopedLock lock(getLock());
+    return withoutExceptions(
+        false, [&] { return CSonimbraPluginManager(this, FileSystem.get()).loadPlugins(path); });
 }
 
 void CSonimbraSoundEngine::setDefault3DSoundMinDistance(float minDistance) {

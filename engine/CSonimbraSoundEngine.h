@@ -76,7 +76,7 @@ public:
     float getDefault3DSoundMaxDistance() override { return DefaultMaxDistance; }
     void setRolloffFactor(float rolloff) override;
     void setDopplerEffectParameters(float, float) override {}
-    bool loadPlugins(const char*) override { return false; }
+    bool loadPlugins(const char* path) override;
     void* getInternalAudioInterface() override { return InternalAudioInterface; }
     bool setMixedDataOutputReceiver(sonimbra::ISoundMixedOutputReceiver* receiver) override;
     sonimbra::ISound* playMusic(const char* musicFileName) override;
