@@ -64,6 +64,7 @@ packages_clang="$packages_linux clang-14 libclang-rt-14-dev llvm-14"
 packages_windows="$packages_build libcli11-dev g++-mingw-w64-x86-64-posix"
 packages_windows_x86="$packages_build libcli11-dev g++-mingw-w64-i686-posix"
 packages_tests="googletest"
+packages_examples="libzip-dev"
 packages_wine="wine wine64"
 packages_sound="pulseaudio pulseaudio-utils libasound2-plugins"
 
