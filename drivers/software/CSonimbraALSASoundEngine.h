@@ -1,0 +1,56 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+#include "drivers/software/CSonimbraALSADevice.h"
+#include "drivers/software/CSonimbraSoftwareSoundEngine.h"
+
+#include <chrono>
+#include <string>
+
+namespace sn_internal {
+
+/// Plays the software mixer's stream through an ALSA PCM, whose queue each update fills up.
+///
+/// A device that is lost while the engine plays is tried again once a second. Until it is back a
+/// clock takes its place: sounds go on and end as if they were heard.
+class CSonimbraALSASoundEngine final : public CSonimbraSoftwareSoundEngine {
+public:
+    using CClock = std::chrono::steady_clock;
+    using CTimeFunction = CClock::time_point (*)();
+
+    /// The time comes from a function so that tests need not wait.
+    CSonimbraALSASoundEngine(io::IFileSystem* fileSystem, int options, const char* deviceID,
+                             CTimeFunction currentTime = CClock::now);
+    ~CSonimbraALSASoundEngine() override;
+
+    const char* getDriverName() override { return "ALSA"; }
+    bool isDriverInitialized() override { return IsInitialized; }
+    void updateDriver() override;
+
+private:
+    static constexpr std::int32_t BufferCount = 32;
+
+    bool openDevice();
+    bool reportStartError(const char* context, int result) const;
+    void refillQueue();
+    void feedDevice();
+    long fillQueue();
+    long writeBuffer();
+    void loseDevice(long error);
+    void tryDeviceAgain();
+    void feedClock();
+
+    const CTimeFunction CurrentTime;
+    const std::string PCMName;
+    CSonimbraALSADevice Device;
+    bool IsInitialized = false;
+    bool IsRefilling = false;
+    std::int16_t Samples[OutputChannels * OutputBufferFrames] = {};
+    std::int32_t UnwrittenFrames = 0; ///< at the end of Samples
+    CClock::time_point NextTry;       ///< for a lost device
+    CClock::time_point MixedUntil;    ///< while the device is lost
+};
+
+} // namespace sn_internal
