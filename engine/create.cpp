@@ -7,6 +7,7 @@
 #include "core/string.h"
 #include "drivers/software/null_engine.h"
 #include "drivers/software/offline_engine.h"
+#include "engine/CSoundDeviceList.h"
 #include "engine/drivers.h"
 #include "engine/version.h"
 #include "io/CFileSystem.h"
@@ -152,6 +153,18 @@ IOfflineSoundEngine* createSonimbraOfflineDevice(int options, const char* sdkVer
             createOfflineEngine(fileSystem.get(), options & ~MultiThreaded);
         setInitialListener(*engine);
         return engine;
+    });
+}
+
+ISoundDeviceList* createSoundDeviceList(E_SOUND_OUTPUT_DRIVER driver, const char* sdkVersion) {
+    CSoundDeviceList* const none = nullptr;
+    return withoutExceptions(none, [&] {
+        checkSdkVersion(sdkVersion);
+        const E_SOUND_OUTPUT_DRIVER listed =
+            driver == E_SOUND_OUTPUT_DRIVER::AutoDetect ? nextDriverToTry(driver) : driver;
+        CSoundDeviceList* list =
+            withoutExceptions(none, [listed] { return createPlatformDeviceList(listed); });
+        return list != nullptr ? list : new CSoundDeviceList;
     });
 }
 

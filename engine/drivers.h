@@ -14,6 +14,8 @@ class IFileSystem;
 
 namespace sn_internal {
 
+class CSoundDeviceList;
+
 /// What an engine is made from.
 struct SEngineArguments {
     io::IFileSystem* fileSystem;
@@ -26,6 +28,10 @@ struct SEngineArguments {
 /// it; it is the place where drivers join.
 sonimbra::ISoundEngine* createPlatformEngine(sonimbra::E_SOUND_OUTPUT_DRIVER driver,
                                              const SEngineArguments& arguments);
+
+/// Lists the devices of such a driver, with one reference for the caller. Returns null when the
+/// driver has no list on this system.
+CSoundDeviceList* createPlatformDeviceList(sonimbra::E_SOUND_OUTPUT_DRIVER driver);
 
 /// Says in the log that a driver does not exist on this system.
 void logUnsupportedDriver(sonimbra::E_SOUND_OUTPUT_DRIVER driver);

@@ -1,14 +1,23 @@
 // Copyright (c) 2026 The Sonimbra developers
 // SPDX-License-Identifier: Zlib
 
+#include "drivers/software/alsa_device_list.h"
+#include "drivers/software/alsa_engine.h"
 #include "engine/drivers.h"
 
 namespace sn_internal {
 
 sonimbra::ISoundEngine* createPlatformEngine(sonimbra::E_SOUND_OUTPUT_DRIVER driver,
-                                             const SEngineArguments&) {
+                                             const SEngineArguments& arguments) {
+    if (driver == sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA) {
+        return createALSAEngine(arguments.fileSystem, arguments.options, arguments.deviceID);
+    }
     logUnsupportedDriver(driver);
     return nullptr;
+}
+
+CSoundDeviceList* createPlatformDeviceList(sonimbra::E_SOUND_OUTPUT_DRIVER driver) {
+    return driver == sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA ? createALSASoundDeviceList() : nullptr;
 }
 
 } // namespace sn_internal

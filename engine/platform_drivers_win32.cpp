@@ -15,4 +15,8 @@ sonimbra::ISoundEngine* createPlatformEngine(sonimbra::E_SOUND_OUTPUT_DRIVER dri
     return nullptr;
 }
 
+CSoundDeviceList* createPlatformDeviceList(sonimbra::E_SOUND_OUTPUT_DRIVER) {
+    return nullptr;
+}
+
 } // namespace sn_internal

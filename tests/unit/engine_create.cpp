@@ -29,7 +29,6 @@ TEST(Create, ReportsDriversThatDoNotExist) {
     } cases[] = {
         {0, {"DirectSound8 is not supported on this system.", InvalidLine}},
         {2, {"DirectSound is not supported on this system.", InvalidLine}},
-        {4, {"ALSA is not supported on this system.", InvalidLine}},
         {5, {"CoreAudio is not supported on this system.", InvalidLine}},
         {7, {InvalidLine}},
         {-1, {InvalidLine}},
@@ -41,9 +40,27 @@ TEST(Create, ReportsDriversThatDoNotExist) {
     }
     const CInstalledLogger logger;
     logger->setLogLevel(1);
-    EXPECT_EQ(linesOf(standardOutputOf([] { isMade(4, Printing); })), Lines{InvalidLine});
+    EXPECT_EQ(linesOf(standardOutputOf([] { isMade(5, Printing); })), Lines{InvalidLine});
     nullEngine(0); // switches standard output off
-    EXPECT_EQ(standardOutputOf([] { isMade(4, Printing); }), "");
+    EXPECT_EQ(standardOutputOf([] { isMade(5, Printing); }), "");
+}
+
+TEST(Create, DriversWithoutADeviceListHaveTheDefaultDevice) {
+    for (const int driver : {3, 5, 6, 7, -1}) {
+        const auto list = sn_internal::counted_ptr<ISoundDeviceList>::adopt(
+            createSoundDeviceList(static_cast<E_SOUND_OUTPUT_DRIVER>(driver)));
+        ASSERT_EQ(list->getDeviceCount(), 1) << driver;
+        EXPECT_STREQ(list->getDeviceID(0), "");
+        EXPECT_STREQ(list->getDeviceDescription(0), "default device");
+        for (const int outside : {-1, 1}) {
+            EXPECT_EQ(list->getDeviceID(outside), nullptr);
+            EXPECT_EQ(list->getDeviceDescription(outside), nullptr);
+        }
+    }
+    EXPECT_EQ(linesOf(standardOutputOf([] {
+                  createSoundDeviceList(E_SOUND_OUTPUT_DRIVER::NullDriver, "1.4")->drop();
+              })).size(),
+              1u);
 }
 
 TEST(Create, EnginesIntroduceThemselves) {

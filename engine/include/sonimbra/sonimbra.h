@@ -16,6 +16,7 @@
 #include <sonimbra/IOfflineSoundEngine.h>
 #include <sonimbra/IRefCounted.h>
 #include <sonimbra/ISound.h>
+#include <sonimbra/ISoundDeviceList.h>
 #include <sonimbra/ISoundEffectControl.h>
 #include <sonimbra/ISoundEngine.h>
 #include <sonimbra/ISoundMixedOutputReceiver.h>
@@ -34,7 +35,9 @@ namespace sonimbra {
 /// Creates an engine. The caller owns the result and ends it with drop().
 ///   driver      the output driver; AutoDetect tries DirectSound8 alone
 ///   options     bits of E_SOUND_ENGINE_OPTIONS
-///   deviceID    DirectSound drivers: an output device's identifier; null for the default device
+///   deviceID    an output device's identifier (see createSoundDeviceList), for the DirectSound and
+///               ALSA drivers; ALSA takes the name of a PCM such as "hw:0,0" as well. Null or empty
+///               for the default device. Other drivers ignore it.
 ///   sdkVersion  leave it: a version other than the library's gives a warning in the log
 /// Returns null when the driver does not exist on this system, does not start, or memory is out.
 /// Call it from any thread, but create and drop engines from one thread at a time.
@@ -48,5 +51,14 @@ createSonimbraDevice(E_SOUND_OUTPUT_DRIVER driver = E_SOUND_OUTPUT_DRIVER::AutoD
 SONIMBRA_API IOfflineSoundEngine*
 createSonimbraOfflineDevice(int options = DefaultOptions,
                             const char* sdkVersion = SONIMBRA_VERSION);
+
+/// Lists the output devices of a driver. The caller owns the result and ends it with drop().
+///   driver      AutoDetect stands for DirectSound8
+///   sdkVersion  as for createSonimbraDevice
+/// A driver that has no device list on this system gives a list of the default device alone.
+/// Returns null when memory is out. Call it from any thread.
+SONIMBRA_API ISoundDeviceList*
+createSoundDeviceList(E_SOUND_OUTPUT_DRIVER driver = E_SOUND_OUTPUT_DRIVER::AutoDetect,
+                      const char* sdkVersion = SONIMBRA_VERSION);
 
 } // namespace sonimbra
