@@ -3,6 +3,7 @@
 
 #include <exception>
 
+#include "player/devices.h"
 #include "player/exit_codes.h"
 #include "player/options.h"
 #include "player/realtime.h"
@@ -19,6 +20,9 @@ int main(int argc, char** argv) {
             return commandLine.exitCode;
         }
         const player::Options& options = *commandLine.options;
+        if (options.listDevices) {
+            return player::listDevices(options);
+        }
         return options.renderTo.empty() ? player::playFiles(options) : player::renderFiles(options);
     } catch (const std::exception& error) {
         player::printError(error.what());

@@ -109,10 +109,17 @@ void addOutputOptions(CLI::App& app, Options& options) {
                                          "directsound8, directsound, alsa or coreaudio");
     driver->transform(CLI::IsMember(&DRIVERS, CLI::ignore_case).description(""));
     driver->type_name("NAME");
+    CLI::Option* device = app.add_option("--device", options.device,
+                                         "Output device: an identifier that --list-devices\n"
+                                         "prints, or with alsa the name of a PCM");
+    device->type_name("ID");
+    app.add_flag("--list-devices", options.listDevices,
+                 "Print identifier and description of the driver's\n"
+                 "devices, one per line, and end");
     CLI::Option* render = app.add_option("--render", options.renderTo,
                                          "Render to a WAV file instead of playing (44100 Hz,\n"
                                          "stereo, 16 bit), as fast as possible");
-    render->check(notEmpty())->excludes(driver)->type_name("OUT.wav");
+    render->check(notEmpty())->excludes(driver)->excludes(device)->type_name("OUT.wav");
     app.add_option("--gap", options.gapMilliseconds,
                    "Milliseconds of silence between rendered files\n(default 250)")
         ->check(between(0.0, 600000.0))
@@ -135,7 +142,6 @@ void addCourseOptions(CLI::App& app, Options& options) {
 void addAll(CLI::App& app, Options& options) {
     app.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     app.add_option("FILE", options.files, "Sound files")
-        ->required()
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->type_name("");
     addOutputOptions(app, options);
@@ -149,6 +155,9 @@ void addAll(CLI::App& app, Options& options) {
 
 /// Checks what concerns several options at once. Returns the error, empty when there is none.
 std::string contradiction(const Options& options) {
+    if (options.files.empty() && !options.listDevices) {
+        return "FILE is required; see sonimbra-player --help";
+    }
     if (options.loop && !options.renderTo.empty() && !options.seconds) {
         return "--loop with --render never ends; say where to stop with --seconds N";
     }

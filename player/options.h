@@ -13,7 +13,7 @@ namespace player {
 
 /// The command line, checked.
 struct Options {
-    std::vector<std::string> files; ///< UTF-8, at least one
+    std::vector<std::string> files; ///< UTF-8, at least one unless devices are listed
     bool together = false;          ///< all files at once
 
     float volume = 1.0f;
@@ -26,6 +26,8 @@ struct Options {
 
     sonimbra::E_SOUND_OUTPUT_DRIVER driver = sonimbra::E_SOUND_OUTPUT_DRIVER::AutoDetect;
     std::string driverName = "auto"; ///< as the user knows it
+    std::string device;              ///< identifier or name; empty: the default device
+    bool listDevices = false;        ///< print the devices and play nothing
     std::string renderTo;            ///< the WAV file to render to; empty: play in real time
     int gapMilliseconds = 250;       ///< silence between rendered files
     std::optional<double> seconds;   ///< ends the output after so many seconds

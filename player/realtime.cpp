@@ -21,24 +21,43 @@ using sonimbra::E_SOUND_OUTPUT_DRIVER;
 
 constexpr auto POLL_INTERVAL = std::chrono::milliseconds(20);
 constexpr double MIX_RATE = 44100.0;
-constexpr std::uint64_t QUEUE_FRAMES = 8192; ///< what the WinMM driver keeps queued
+constexpr std::uint64_t QUEUE_FRAMES = 8192; ///< what the drivers keep queued
 
-/// Automatic choice: what the library prefers, then the driver that every Windows has.
+/// Automatic choice: what the library prefers, then the drivers that every Windows and every Linux
+/// has.
+std::vector<E_SOUND_OUTPUT_DRIVER> driversToTry(const Options& options) {
+    if (options.driver != E_SOUND_OUTPUT_DRIVER::AutoDetect) {
+        return {options.driver};
+    }
+    return {E_SOUND_OUTPUT_DRIVER::AutoDetect, E_SOUND_OUTPUT_DRIVER::WinMM,
+            E_SOUND_OUTPUT_DRIVER::ALSA};
+}
+
 Counted<sonimbra::ISoundEngine> createEngine(const Options& options) {
-    const int bits = engineOptions(options);
-    Counted<sonimbra::ISoundEngine> engine(sonimbra::createSonimbraDevice(options.driver, bits));
-    if (!engine && options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
-        engine.reset(sonimbra::createSonimbraDevice(E_SOUND_OUTPUT_DRIVER::WinMM, bits));
+    Counted<sonimbra::ISoundEngine> engine;
+    for (const E_SOUND_OUTPUT_DRIVER driver : driversToTry(options)) {
+        engine.reset(
+            sonimbra::createSonimbraDevice(driver, engineOptions(options), options.device.c_str()));
+        if (engine) {
+            break;
+        }
     }
     return engine;
 }
 
 int reportNoDriver(const Options& options) {
     const std::string hint = "render to a file with --render OUT.wav";
-    printError(options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect
-                   ? "no sound driver works here; " + hint
-                   : "the driver \"" + options.driverName +
-                         "\" does not work here; try --driver auto, or " + hint);
+    if (!options.device.empty()) {
+        printError("the device " + printable(options.device) +
+                   " does not work; choose another one (see --list-devices), or " + hint);
+    } else if (options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
+        printError("no sound driver works here; choose a device with --device (see "
+                   "--list-devices), or " +
+                   hint);
+    } else {
+        printError("the driver \"" + options.driverName +
+                   "\" does not work here; try --driver auto, or " + hint);
+    }
     return NoDriver;
 }
 
