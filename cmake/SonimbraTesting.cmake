@@ -37,7 +37,11 @@ function(sonimbra_add_test_support target folder)
   if(sources)
     add_library(${target} STATIC ${sources})
     sonimbra_configure_test_code(${target})
-    target_link_libraries(${target} PUBLIC Sonimbra::Static GTest::gtest)
+    # The writer of Ogg files encodes; the library itself only decodes.
+    find_library(VORBISENC_LIBRARY vorbisenc REQUIRED)
+    mark_as_advanced(VORBISENC_LIBRARY)
+    target_link_libraries(${target} PUBLIC Sonimbra::Static GTest::gtest
+                          PRIVATE "${VORBISENC_LIBRARY}" VorbisFile::VorbisFile)
   endif()
 endfunction()
 
