@@ -12,6 +12,8 @@
 #include "engine/CSonimbraPurePCMSoundSource.h"
 #include "engine/CSonimbraSoundSourceAlias.h"
 #include "engine/version.h"
+#include "streams/CSonimbraAudioStreamLoaderMOD.h"
+#include "streams/CSonimbraAudioStreamLoaderOGG.h"
 #include "streams/CSonimbraAudioStreamLoaderWAV.h"
 
 #include <chrono>
@@ -66,10 +68,16 @@ CSonimbraSoundEngine::~CSonimbraSoundEngine() {
     releaseLogger(Logger);
 }
 
+template <class TLoader>
+void CSonimbraSoundEngine::registerBuiltInLoader() {
+    const auto loader = counted_ptr<TLoader>::adopt(new TLoader(FileSystem.get()));
+    registerAudioStreamLoader(loader.get());
+}
+
 void CSonimbraSoundEngine::registerBuiltInLoaders() {
-    const auto wav = counted_ptr<sonimbra::IAudioStreamLoader>::adopt(
-        new CSonimbraAudioStreamLoaderWAV(FileSystem.get()));
-    registerAudioStreamLoader(wav.get());
+    registerBuiltInLoader<CSonimbraAudioStreamLoaderWAV>();
+    registerBuiltInLoader<CSonimbraAudioStreamLoaderOGG>();
+    registerBuiltInLoader<CSonimbraAudioStreamLoaderMOD>();
 }
 
 void CSonimbraSoundEngine::startEngineThread() {

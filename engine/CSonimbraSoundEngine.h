@@ -135,6 +135,8 @@ private:
     };
 
     void registerBuiltInLoaders();
+    template <class TLoader>
+    void registerBuiltInLoader();
     /// The source as one of this engine's own, or null.
     CSonimbraSoundSource* toOwnSource(sonimbra::ISoundSource* source) const;
     sonimbra::ISound* play(sonimbra::ISoundSource* source, const sonimbra::vec3df* position,

@@ -3,23 +3,17 @@
 
 #pragma once
 
-#include "core/counted_ptr.h"
-#include "io/IFileSystem.h"
-
-#include <sonimbra/IAudioStreamLoader.h>
+#include "streams/CDecoderLoader.h"
+#include "streams/CSonimbraAudioStreamWAV.h"
 
 namespace sn_internal {
 
 /// Makes decoders for RIFF WAVE files.
-class CSonimbraAudioStreamLoaderWAV final : public sonimbra::IAudioStreamLoader {
+class CSonimbraAudioStreamLoaderWAV final : public CDecoderLoader<CSonimbraAudioStreamWAV> {
 public:
-    explicit CSonimbraAudioStreamLoaderWAV(io::IFileSystem* fileSystem);
+    using CDecoderLoader::CDecoderLoader;
 
     bool isALoadableFileExtension(const char* fileName) override;
-    sonimbra::IAudioStream* createAudioStream(sonimbra::IFileReader* file) override;
-
-private:
-    counted_ptr<io::IFileSystem> FileSystem;
 };
 
 } // namespace sn_internal

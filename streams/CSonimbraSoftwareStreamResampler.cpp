@@ -7,6 +7,7 @@
 #include "core/no_throw.h"
 #include "core/prefetch.h"
 #include "core/sample_kernels.h"
+#include "streams/dumb_tables.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -19,17 +20,6 @@ namespace {
 /// reach the resampler.
 constexpr float SmallestStep = 1.0f / 65536.0f;
 constexpr float LargestStep = 32767.0f;
-
-/// DUMB fills its coefficient tables at the first call and marks them as ready too early for a
-/// second thread. Running it once inside a guarded initialisation makes it safe.
-bool fillCubicTables() {
-    sample_t source[8] = {};
-    sample_t target[1] = {};
-    DUMB_RESAMPLER resampler;
-    dumb_reset_resampler(&resampler, source, 1, 0, 0, 8);
-    dumb_resample_1_1(&resampler, target, 1, 1.0f, 1.0f);
-    return true;
-}
 
 std::int32_t widened(std::uint8_t sample) {
     return (sample - 128) * 256;
@@ -82,8 +72,7 @@ CSonimbraSoftwareStreamResampler::CSonimbraSoftwareStreamResampler(std::int32_t 
     : CSonimbraSoftwareStreamResamplerBase(outputRate, source), Left(), Right() {
     static_assert(offsetof(SChannel, samples) ==
                   offsetof(SChannel, guard) + sizeof(SChannel::guard));
-    static const bool ready = fillCubicTables();
-    static_cast<void>(ready);
+    fillDumbTables();
     restart();
 }
 

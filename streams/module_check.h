@@ -1,0 +1,73 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+#include "io/CBufferedReader.h"
+
+#include <cstdint>
+
+namespace sn_internal {
+
+enum class E_MODULE_KIND { MOD, XM, S3M, IT };
+
+/// What a module's headers say about the pitches that it can reach; see module_rehearsal.h.
+struct SModuleTraits {
+    bool hasLinearSlides = false;
+    std::uint32_t slowestSample = UINT32_MAX; ///< frames a second at the middle C of the format
+    std::uint32_t fastestSample = 0;
+    std::uint32_t shortestLoop = UINT32_MAX; ///< in frames
+
+    void addSample(std::uint32_t rate, std::uint32_t loopLength);
+};
+
+/// Decides before DUMB sees it whether a module may be read as the given kind. DUMB trusts its
+/// input in places: a file that would make it end the process, write or read outside its memory,
+/// divide by zero, or read for minutes, is refused here. So is what DUMB would refuse itself but
+/// only after such work. Everything else passes, whether DUMB will read it or not.
+///
+/// The file's position does not matter; it is left anywhere.
+bool mayBeRead(sonimbra::IFileReader& file, E_MODULE_KIND kind, SModuleTraits& traits);
+
+// The same for each kind, from the beginning of a file.
+bool mayBeReadAsMOD(io::CBufferedReader& file, SModuleTraits& traits);
+bool mayBeReadAsXM(io::CBufferedReader& file, SModuleTraits& traits);
+bool mayBeReadAsS3M(io::CBufferedReader& file, SModuleTraits& traits);
+bool mayBeReadAsIT(io::CBufferedReader& file, SModuleTraits& traits);
+
+/// Counts the sample data that a module declares, against what the file holds and against a limit:
+/// DUMB allocates all of it, and goes on reading it byte by byte behind the end of the file.
+class CSampleDataCheck {
+public:
+    explicit CSampleDataCheck(io::CBufferedReader& file) : File(file) {}
+
+    /// Declares data that the file keeps as storedBytes bytes at offset, and that takes byteCount
+    /// bytes in memory.
+    void add(std::uint64_t offset, std::uint64_t storedBytes, std::uint64_t byteCount);
+
+    /// Whether everything declared is there, and not more than a module ever needs.
+    bool isPresent();
+
+private:
+    /// Far above any real module; what DUMB reads in about a second.
+    static constexpr std::uint64_t MostBytes = 256u << 20;
+
+    io::CBufferedReader& File;
+    std::uint64_t End = 0;
+    std::uint64_t Total = 0;
+};
+
+/// The channels that a pattern's row has named so far. Formats allow each channel once in a row;
+/// a row that repeats them can hold thousands of effects.
+class CRowChannels {
+public:
+    /// Returns false when the channel (0 to 63) is named too often.
+    bool add(unsigned channel);
+    void nextRow() { *this = {}; }
+
+private:
+    std::uint64_t Once = 0;
+    std::uint64_t Twice = 0;
+};
+
+} // namespace sn_internal

@@ -1,0 +1,202 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "streams/module_check.h"
+
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
+namespace sn_internal {
+namespace {
+
+constexpr std::uint32_t MostComponents = 256; // of each sort
+constexpr std::uint16_t LinearSlidesFlag = 8;
+constexpr std::uint16_t NewInstrumentsVersion = 0x200;
+constexpr std::uint8_t MostEnvelopeNodes = 25;
+
+// Flags of a sample.
+constexpr unsigned Exists = 1;
+constexpr unsigned Has16Bits = 2;
+constexpr unsigned IsStereo = 4;
+constexpr unsigned IsCompressed = 8;
+constexpr unsigned IsLooped = 16;
+constexpr unsigned IsLoopedWhileHeld = 32;
+
+struct SHeader {
+    std::uint32_t orderCount;
+    std::uint32_t instrumentCount;
+    std::uint32_t sampleCount;
+    std::uint32_t patternCount;
+    bool hasEnvelopes;
+};
+
+bool readHeader(io::CBufferedReader& file, SHeader& header, SModuleTraits& traits) {
+    char signature[4] = {};
+    file.read(signature, sizeof(signature));
+    file.skip(26 + 2);
+    header.orderCount = file.readUint16();
+    header.instrumentCount = file.readUint16();
+    header.sampleCount = file.readUint16();
+    header.patternCount = file.readUint16();
+    file.skip(2);
+    header.hasEnvelopes = file.readUint16() >= NewInstrumentsVersion;
+    traits.hasLinearSlides = (file.readUint16() & LinearSlidesFlag) != 0;
+    file.skip(2 + 1 + 1 + 1); // special, volumes; speed: DUMB takes 6 for 0
+    const std::uint8_t tempo = file.readUint8();
+    file.skip(1 + 1 + 2 + 4 + 4 + 64 + 64);
+    return std::memcmp(signature, "IMPM", sizeof(signature)) == 0 && tempo != 0 &&
+           header.instrumentCount <= MostComponents && header.sampleCount <= MostComponents &&
+           header.patternCount <= MostComponents && file.skip(header.orderCount) &&
+           !file.hasFailed();
+}
+
+std::vector<std::uint32_t> readOffsets(io::CBufferedReader& file, std::uint32_t count) {
+    std::vector<std::uint32_t> offsets(count);
+    for (std::uint32_t& offset : offsets) {
+        offset = file.readUint32();
+    }
+    return offsets;
+}
+
+bool seekTo(io::CBufferedReader& file, std::uint32_t offset) {
+    return offset <= INT32_MAX && file.seek(static_cast<std::int32_t>(offset));
+}
+
+/// DUMB releases differ in whether they bound the nodes that they store.
+bool checkEnvelopes(io::CBufferedReader& file, std::uint32_t instrument) {
+    constexpr std::uint32_t firstNodeCount = 305;
+    constexpr std::uint32_t envelopeSize = 82;
+    for (std::uint32_t i = 0; i < 3; ++i) {
+        if (!seekTo(file, instrument + firstNodeCount + i * envelopeSize) ||
+            file.readUint8() > MostEnvelopeNodes) {
+            return false;
+        }
+    }
+    return true;
+}
+
+struct SSample {
+    unsigned flags;
+    std::uint32_t length, loopStart, loopEnd, rate, heldLoopStart, heldLoopEnd, offset;
+
+    bool isLoopUsable() const {
+        return (flags & IsLooped) != 0 && loopEnd <= length && loopStart < loopEnd;
+    }
+    bool isHeldLoopUsable() const {
+        return (flags & IsLoopedWhileHeld) != 0 && heldLoopEnd <= length &&
+               heldLoopStart < heldLoopEnd;
+    }
+    std::uint32_t getShortestLoop() const {
+        std::uint32_t shortest = UINT32_MAX;
+        if (isLoopUsable()) {
+            shortest = loopEnd - loopStart;
+        }
+        if (isHeldLoopUsable()) {
+            shortest = std::min(shortest, heldLoopEnd - heldLoopStart);
+        }
+        return shortest == UINT32_MAX ? 0 : shortest;
+    }
+    /// DUMB leaves out what lies behind the loops.
+    std::uint32_t getFramesRead() const {
+        if (!isLoopUsable()) {
+            return length;
+        }
+        return isHeldLoopUsable() ? std::max(loopEnd, heldLoopEnd) : loopEnd;
+    }
+};
+
+SSample readSample(io::CBufferedReader& file) {
+    SSample sample = {};
+    file.skip(4 + 13 + 1);
+    sample.flags = file.readUint8();
+    file.skip(1 + 26 + 1 + 1);
+    for (std::uint32_t SSample::*field :
+         {&SSample::length, &SSample::loopStart, &SSample::loopEnd, &SSample::rate,
+          &SSample::heldLoopStart, &SSample::heldLoopEnd, &SSample::offset}) {
+        sample.*field = file.readUint32();
+    }
+    return sample;
+}
+
+/// DUMB ends the process at a compressed stereo sample. A compressed frame takes a bit at least;
+/// real encoders come nowhere near half of that.
+bool checkSample(const SSample& sample, SModuleTraits& traits, CSampleDataCheck& data) {
+    if ((sample.flags & Exists) == 0 || sample.length == 0) {
+        return true;
+    }
+    const bool isStereo = (sample.flags & IsStereo) != 0;
+    const bool isCompressed = (sample.flags & IsCompressed) != 0;
+    if (isStereo && isCompressed) {
+        return false;
+    }
+    const std::uint64_t frames = sample.getFramesRead();
+    const std::uint64_t bytes = frames * (isStereo ? 2 : 1) * (sample.flags & Has16Bits ? 2 : 1);
+    data.add(sample.offset, isCompressed ? frames / 16 : bytes, bytes);
+    traits.addSample(sample.rate, sample.getShortestLoop());
+    return true;
+}
+
+/// Walks the packed rows as DUMB does. Where the last entry reaches over the end, DUMB reads on in
+/// its buffer of 65536 bytes; it must not leave that.
+bool checkPatternData(const std::vector<std::uint8_t>& data) {
+    static const std::uint8_t sizes[16] = {0, 1, 1, 2, 1, 2, 2, 3, 2, 3, 3, 4, 3, 4, 4, 5};
+    constexpr std::size_t bufferSize = 65536;
+    const auto byteAt = [&data](std::size_t i) -> unsigned {
+        return i < data.size() ? data[i] : 0;
+    };
+    std::uint8_t masks[64] = {};
+    CRowChannels channels;
+    std::size_t at = 0;
+    while (at < data.size()) {
+        const unsigned what = byteAt(at++);
+        if (what == 0) {
+            channels.nextRow();
+            continue;
+        }
+        const unsigned channel = (what - 1) & 63;
+        if ((what & 128) != 0) {
+            masks[channel] = static_cast<std::uint8_t>(byteAt(at++));
+        }
+        at += sizes[masks[channel] & 15];
+        if (!channels.add(channel)) {
+            return false;
+        }
+    }
+    return at <= bufferSize;
+}
+
+bool checkPattern(io::CBufferedReader& file) {
+    const std::uint16_t size = file.readUint16();
+    file.skip(2 + 4);
+    std::vector<std::uint8_t> data(size);
+    return file.read(data.data(), size) == size && checkPatternData(data);
+}
+
+} // namespace
+
+bool mayBeReadAsIT(io::CBufferedReader& file, SModuleTraits& traits) {
+    SHeader header;
+    if (!readHeader(file, header, traits)) {
+        return false;
+    }
+    const auto instruments = readOffsets(file, header.instrumentCount);
+    const auto samples = readOffsets(file, header.sampleCount);
+    const auto patterns = readOffsets(file, header.patternCount);
+    const auto hasSafeEnvelopes = [&](std::uint32_t offset) {
+        return !header.hasEnvelopes || checkEnvelopes(file, offset);
+    };
+    CSampleDataCheck data(file);
+    const auto isSafeSample = [&](std::uint32_t offset) {
+        return seekTo(file, offset) && checkSample(readSample(file), traits, data);
+    };
+    const auto isSafePattern = [&](std::uint32_t offset) {
+        return offset == 0 || (seekTo(file, offset) && checkPattern(file));
+    };
+    return std::all_of(instruments.begin(), instruments.end(), hasSafeEnvelopes) &&
+           std::all_of(samples.begin(), samples.end(), isSafeSample) &&
+           std::all_of(patterns.begin(), patterns.end(), isSafePattern) && !file.hasFailed() &&
+           data.isPresent();
+}
+
+} // namespace sn_internal

@@ -1,0 +1,129 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "streams/module_rehearsal.h"
+
+#include <algorithm>
+#include <cstdint>
+
+namespace sn_internal {
+namespace {
+
+constexpr double UnitsPerSecond = 65536.0;
+constexpr double LongestTime = 2 * 60 * 60 * UnitsPerSecond;
+
+/// In units of about 30 nanoseconds.
+constexpr double MostWork = 1 << 26;
+
+/// DUMB counts a voice's way through loops in 31 bits.
+constexpr double LongestWay = 1 << 30;
+
+/// One tick lasts this long divided by the tempo.
+constexpr int TickUnits = 65536 * 60 / 24;
+
+/// Rates (source frames a second) that every voice has to keep to. DUMB counts source frames for
+/// each output frame in 16.16 fixed point; a count of 0 or of 2^31 is fatal. The limits are
+/// narrower by what one tick can change, because it is too late after the tick.
+struct SRateLimits {
+    double lowest;
+    double highest;
+};
+
+SRateLimits limitsFor(const SModuleTraits& traits) {
+    // With linear slides a pitch stays within 128 semitones around the sample's own: only samples
+    // beyond these rates can come near the edges.
+    constexpr std::uint32_t slowSample = 2602;
+    constexpr std::uint32_t fastSample = 173000;
+    constexpr double usualHighest = 1e9;
+    // A loop is left frame by frame of its length.
+    constexpr double highestForLoopOfOne = 1 << 24;
+    SRateLimits limits = {16.0, usualHighest};
+    if (traits.hasLinearSlides) {
+        limits.lowest = traits.slowestSample < slowSample ? 8.0 : 1.0;
+        limits.highest = traits.fastestSample > fastSample ? double(1 << 28) : usualHighest;
+    }
+    limits.highest = std::min(limits.highest, traits.shortestLoop * highestForLoopOfOne);
+    return limits;
+}
+
+class CRehearsal {
+public:
+    CRehearsal(DUH* module, const SModuleTraits& traits)
+        : Limits(limitsFor(traits)),
+          ShortestLoop(traits.shortestLoop),
+          // Without linear slides pitches rise without a limit of their own, to just below one that
+          // fits at an eighth of the step.
+          Step(traits.hasLinearSlides ? 1.0f : 0.125f),
+          Renderer(duh_start_sigrenderer(module, 0, 2, 0)),
+          Player(duh_get_it_sigrenderer(Renderer)) {
+        dumb_it_set_loop_callback(Player, dumb_it_callback_terminate, nullptr);
+        dumb_it_set_xm_speed_zero_callback(Player, dumb_it_callback_terminate, nullptr);
+    }
+    CRehearsal(const CRehearsal&) = delete;
+    CRehearsal& operator=(const CRehearsal&) = delete;
+    ~CRehearsal() { duh_end_sigrenderer(Renderer); }
+
+    SRehearsal run() {
+        SRehearsal result;
+        bool goesOn = Renderer != nullptr && dumb_it_sr_get_speed(Player) != 0;
+        while (goesOn && result.isSafe && result.ends) {
+            const double units = getHalfTick();
+            result.isSafe = watchVoices(units);
+            goesOn = result.isSafe && advance(units);
+            result.ends = Time < LongestTime && Work < MostWork;
+        }
+        result.length = static_cast<long>(Time);
+        return result;
+    }
+
+private:
+    /// No tick is passed over unseen.
+    double getHalfTick() const {
+        return std::max(1, TickUnits / std::max(1, dumb_it_sr_get_tempo(Player)) / 2);
+    }
+
+    bool advance(double units) {
+        const auto frames = static_cast<long>(units / static_cast<double>(Step));
+        const long played = duh_sigrenderer_generate_samples(Renderer, 0.0f, Step, frames, nullptr);
+        Time += static_cast<double>(played) * static_cast<double>(Step);
+        return played >= frames;
+    }
+
+    /// Looks at what sounds in the current tick; false when it must not go on.
+    bool watchVoices(double units) {
+        double fastest = 0;
+        double jumps = 0;
+        for (int i = 0; i < DUMB_IT_TOTAL_CHANNELS; ++i) {
+            DUMB_IT_CHANNEL_STATE state;
+            dumb_it_sr_get_channel_state(Player, i, &state);
+            if (state.sample == 0) {
+                continue;
+            }
+            if (state.freq < Limits.lowest || state.freq > Limits.highest) {
+                return false;
+            }
+            fastest = std::max(fastest, static_cast<double>(state.freq));
+            jumps += 1 + state.freq / UnitsPerSecond * units / ShortestLoop / 16;
+        }
+        Way += fastest * units / UnitsPerSecond;
+        Work += 16 + jumps;
+        return Way < LongestWay;
+    }
+
+    const SRateLimits Limits;
+    const double ShortestLoop;
+    const float Step;
+    DUH_SIGRENDERER* const Renderer;
+    DUMB_IT_SIGRENDERER* const Player;
+    double Time = 0;
+    double Way = 0;
+    double Work = 0;
+};
+
+} // namespace
+
+SRehearsal rehearse(DUH* module, const SModuleTraits& traits) {
+    return CRehearsal(module, traits).run();
+}
+
+} // namespace sn_internal
