@@ -80,6 +80,35 @@ function(sonimbra_add_gtest target folder)
   set_tests_properties(${target} PROPERTIES TIMEOUT ${arg_TIMEOUT})
 endfunction()
 
+# sonimbra_add_test_plugins(<target> <folder>)
+#
+# Gives the program a folder of its own, because others must not find what lies beside it: plug-ins
+# made of the sources in <folder>. Below it, in "elsewhere", are more, and files that only look like
+# some.
+function(sonimbra_add_test_plugins target folder)
+  set(output "${PROJECT_BINARY_DIR}/bin/${target}")
+  set(elsewhere "${output}/elsewhere")
+  set(suffix "${CMAKE_SHARED_MODULE_SUFFIX}")
+  sonimbra_add_plugin(snpwild "${output}" ${folder}/snpwild.cpp)
+  sonimbra_add_plugin(snphollow "${output}" ${folder}/snphollow.cpp)
+  sonimbra_add_plugin(snptone "${elsewhere}"
+                      "${PROJECT_SOURCE_DIR}/examples/plugin_sine/snpsine.cpp")
+  sonimbra_add_plugin(SNPLOUD "${elsewhere}" ${folder}/snphollow.cpp)
+  string(TOUPPER "${suffix}" upper_suffix)
+  set_target_properties(SNPLOUD PROPERTIES SUFFIX "${upper_suffix}")
+  file(MAKE_DIRECTORY "${elsewhere}")
+  foreach(name snphollow${suffix} snpbroken${suffix} plugin_snp${suffix} snp.dll snpx.so)
+    file(TOUCH "${elsewhere}/${name}")
+  endforeach()
+
+  add_dependencies(${target} snpwild snphollow snptone SNPLOUD)
+  set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${output}$<0:>")
+  if(SONIMBRA_SANITIZE)
+    # Plug-ins then share its type information, which the sanitizer compares by address.
+    set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)
+  endif()
+endfunction()
+
 # sonimbra_add_real_sound_test(<name> <script> TIMEOUT <seconds>)
 #
 # Plays through the real output driver and listens to what the sound server received. The script
