@@ -17,6 +17,7 @@ struct SModuleTraits {
     std::uint32_t slowestSample = UINT32_MAX; ///< frames a second at the middle C of the format
     std::uint32_t fastestSample = 0;
     std::uint32_t shortestLoop = UINT32_MAX; ///< in frames
+    std::uint32_t channelCount = 0;          ///< where voices can be
 
     void addSample(std::uint32_t rate, std::uint32_t loopLength);
 };

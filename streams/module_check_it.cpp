@@ -11,6 +11,7 @@ namespace sn_internal {
 namespace {
 
 constexpr std::uint32_t MostComponents = 256; // of each sort
+constexpr std::uint32_t MostVoices = 256;     // 64 channels, and notes that sound on behind them
 constexpr std::uint16_t LinearSlidesFlag = 8;
 constexpr std::uint16_t NewInstrumentsVersion = 0x200;
 constexpr std::uint8_t MostEnvelopeNodes = 25;
@@ -180,6 +181,7 @@ bool mayBeReadAsIT(io::CBufferedReader& file, SModuleTraits& traits) {
     if (!readHeader(file, header, traits)) {
         return false;
     }
+    traits.channelCount = MostVoices;
     const auto instruments = readOffsets(file, header.instrumentCount);
     const auto samples = readOffsets(file, header.sampleCount);
     const auto patterns = readOffsets(file, header.patternCount);

@@ -78,6 +78,7 @@ bool mayBeReadAsMOD(io::CBufferedReader& file, SModuleTraits& traits) {
         return false;
     }
     const SLayout layout = layoutOf(signature);
+    traits.channelCount = layout.channelCount;
     std::uint64_t dataBytes = 0;
     for (std::uint32_t i = 0; i < layout.sampleCount; ++i) {
         dataBytes += readSampleHeader(file, traits);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::uint32_t MostSamples = 256;
 constexpr std::uint32_t MostPatterns = 256;
+constexpr std::uint32_t MostChannels = 32;
 
 struct SHeader {
     std::uint32_t orderCount;
@@ -93,6 +94,7 @@ bool mayBeReadAsS3M(io::CBufferedReader& file, SModuleTraits& traits) {
     if (!readHeader(file, header)) {
         return false;
     }
+    traits.channelCount = MostChannels;
     const auto samples = readOffsets(file, header.sampleCount);
     const auto patterns = readOffsets(file, header.patternCount);
     CSampleDataCheck data(file);

@@ -117,6 +117,7 @@ bool mayBeReadAsXM(io::CBufferedReader& file, SModuleTraits& traits) {
     if (!readHeader(file, header, traits)) {
         return false;
     }
+    traits.channelCount = header.channelCount;
     for (std::uint32_t i = 0; i < header.patternCount; ++i) {
         if (!checkPattern(file, header.channelCount)) {
             return false;

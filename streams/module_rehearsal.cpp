@@ -18,8 +18,8 @@ constexpr double MostWork = 1 << 26;
 /// DUMB counts a voice's way through loops in 31 bits.
 constexpr double LongestWay = 1 << 30;
 
-/// One tick lasts this long divided by the tempo.
-constexpr int TickUnits = 65536 * 60 / 24;
+/// One tick lasts this many units divided by the tempo.
+constexpr std::int64_t TickUnits = 65536 * 60 / 24;
 
 /// Rates (source frames a second) that every voice has to keep to. DUMB counts source frames for
 /// each output frame in 16.16 fixed point; a count of 0 or of 2^31 is fatal. The limits are
@@ -51,9 +51,10 @@ public:
     CRehearsal(DUH* module, const SModuleTraits& traits)
         : Limits(limitsFor(traits)),
           ShortestLoop(traits.shortestLoop),
+          ChannelCount(static_cast<int>(traits.channelCount)),
           // Without linear slides pitches rise without a limit of their own, to just below one that
           // fits at an eighth of the step.
-          Step(traits.hasLinearSlides ? 1.0f : 0.125f),
+          Step(traits.hasLinearSlides ? FixedOne : FixedOne / 8),
           Renderer(duh_start_sigrenderer(module, 0, 2, 0)),
           Player(duh_get_it_sigrenderer(Renderer)) {
         dumb_it_set_loop_callback(Player, dumb_it_callback_terminate, nullptr);
@@ -67,9 +68,9 @@ public:
         SRehearsal result;
         bool goesOn = Renderer != nullptr && dumb_it_sr_get_speed(Player) != 0;
         while (goesOn && result.isSafe && result.ends) {
-            const double units = getHalfTick();
-            result.isSafe = watchVoices(units);
-            goesOn = result.isSafe && advance(units);
+            beginTick();
+            result.isSafe = watchVoices();
+            goesOn = result.isSafe && playTick();
             result.ends = Time < LongestTime && Work < MostWork;
         }
         result.length = static_cast<long>(Time);
@@ -77,23 +78,31 @@ public:
     }
 
 private:
-    /// No tick is passed over unseen.
-    double getHalfTick() const {
-        return std::max(1, TickUnits / std::max(1, dumb_it_sr_get_tempo(Player)) / 2);
+    /// Steps and times of DUMB have 16 fractional bits; this follows them exactly.
+    static constexpr std::int64_t FixedOne = 65536;
+
+    void beginTick() {
+        const std::int64_t tick = TickUnits * FixedOne / std::max(1, dumb_it_sr_get_tempo(Player));
+        Remaining += tick;
+        Units = static_cast<double>(tick) / FixedOne;
     }
 
-    bool advance(double units) {
-        const auto frames = static_cast<long>(units / static_cast<double>(Step));
-        const long played = duh_sigrenderer_generate_samples(Renderer, 0.0f, Step, frames, nullptr);
-        Time += static_cast<double>(played) * static_cast<double>(Step);
-        return played >= frames;
+    /// Plays to the first frame of the next tick, which shows its voices, and not a tick further.
+    bool playTick() {
+        const std::int64_t before = Remaining / Step;
+        const auto frames = static_cast<long>(before + 1);
+        const long played = duh_sigrenderer_generate_samples(
+            Renderer, 0.0f, static_cast<float>(Step) / FixedOne, frames, nullptr);
+        Remaining -= frames * Step;
+        Time += static_cast<double>(played) * static_cast<double>(Step) / FixedOne;
+        return played == frames;
     }
 
     /// Looks at what sounds in the current tick; false when it must not go on.
-    bool watchVoices(double units) {
+    bool watchVoices() {
         double fastest = 0;
-        double jumps = 0;
-        for (int i = 0; i < DUMB_IT_TOTAL_CHANNELS; ++i) {
+        Work += 32;
+        for (int i = 0; i < ChannelCount; ++i) {
             DUMB_IT_CHANNEL_STATE state;
             dumb_it_sr_get_channel_state(Player, i, &state);
             if (state.sample == 0) {
@@ -103,18 +112,20 @@ private:
                 return false;
             }
             fastest = std::max(fastest, static_cast<double>(state.freq));
-            jumps += 1 + state.freq / UnitsPerSecond * units / ShortestLoop / 16;
+            Work += 1 + state.freq / UnitsPerSecond * Units / ShortestLoop / 16;
         }
-        Way += fastest * units / UnitsPerSecond;
-        Work += 16 + jumps;
+        Way += fastest * Units / UnitsPerSecond;
         return Way < LongestWay;
     }
 
     const SRateLimits Limits;
     const double ShortestLoop;
-    const float Step;
+    const int ChannelCount;
+    const std::int64_t Step;
     DUH_SIGRENDERER* const Renderer;
     DUMB_IT_SIGRENDERER* const Player;
+    std::int64_t Remaining = 0; ///< of the current tick
+    double Units = 0;           ///< of the current tick, whole
     double Time = 0;
     double Way = 0;
     double Work = 0;
