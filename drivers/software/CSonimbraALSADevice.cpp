@@ -54,8 +54,7 @@ int CSonimbraALSADevice::configureHardware(const SALSAQueue& queue) {
         [&] {
             return snd_pcm_hw_params_set_period_size_near(PCM, hardware, &periodFrames, nullptr);
         },
-        [&] { return snd_pcm_hw_params(PCM, hardware); },
-        [&] { return snd_pcm_hw_params_get_buffer_size(hardware, &bufferFrames); });
+        [&] { return snd_pcm_hw_params(PCM, hardware); });
     BufferFrames = static_cast<long>(bufferFrames);
     return result;
 }
