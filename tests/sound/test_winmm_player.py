@@ -1,231 +1,27 @@
 #!/usr/bin/env python3
 # Copyright (c) 2026 The Sonimbra developers
 # SPDX-License-Identifier: Zlib
-"""Plays tones with the Windows player under Wine and listens to the sound server's null sink.
+"""Plays tones with the Windows player under Wine, which SONIMBRA_WINE starts."""
 
-Needs SONIMBRA_PLAYER (the program), SONIMBRA_WINE (what starts a Windows program) and a reachable
-sound server with a sink named `nul`; scripts/test provides all three. What is missing is a failure.
-"""
-
-import array
-import math
 import os
-import subprocess
-import tempfile
-import time
 import unittest
-import wave
-from dataclasses import dataclass
-from pathlib import Path
 
-RATE = 44100
-AMPLITUDE = 0.5
-FULL_SCALE = 32767
-LONGEST_GAP = RATE * 5 // 1000
-# What starts a program so that other programs do not keep it waiting; may be empty.
-REALTIME = os.environ.get("SONIMBRA_REALTIME", "").split()
+import listening
+from listening import Expected
 
 
-def sine_frames(rate, seconds, channel_pitches):
-    for index in range(round(rate * seconds)):
-        yield [math.sin(2 * math.pi * pitch * index / rate) for pitch in channel_pitches]
+class WinMMPlayerTest(listening.PlayerTest):
+    needed_variables = ("SONIMBRA_PLAYER", "SONIMBRA_WINE")
 
-
-def encode(value, sample_bytes):
-    """One sample of -1..1 as WAV bytes; 8 bits are unsigned there, wider ones signed."""
-    if sample_bytes == 1:
-        return bytes([128 + round(value * 127)])
-    return round(value * (2 ** (8 * sample_bytes - 1) - 1)).to_bytes(sample_bytes, "little", signed=True)
-
-
-def write_tone(path, rate=RATE, seconds=0.6, pitches=(440,), sample_bytes=2):
-    with wave.open(str(path), "wb") as writer:
-        writer.setnchannels(len(pitches))
-        writer.setsampwidth(sample_bytes)
-        writer.setframerate(rate)
-        frames = sine_frames(rate, seconds, pitches)
-        writer.writeframes(
-            b"".join(encode(AMPLITUDE * value, sample_bytes) for frame in frames for value in frame)
-        )
-
-
-class Recorder:
-    """Records the null sink's monitor all the time: opening it anew takes up to two seconds."""
-
-    def __init__(self):
-        command = [*REALTIME, "parec", "-d", "nul.monitor", "--format=s16le", f"--rate={RATE}"]
-        command += ["--channels=2", "--latency-msec=20", "--raw"]
-        self.file = tempfile.NamedTemporaryFile(prefix="sonimbra-heard.")
-        self.process = subprocess.Popen(command, stdout=self.file)
-        deadline = time.monotonic() + 10
-        while self.position() == 0:
-            if time.monotonic() > deadline or self.process.poll() is not None:
-                self.close()
-                raise AssertionError("recording the monitor did not start")
-            time.sleep(0.02)
-
-    def position(self):
-        """Bytes recorded so far, in whole frames."""
-        return os.path.getsize(self.file.name) // 4 * 4
-
-    def channels_since(self, position):
-        """What the left and the right channel received since then."""
-        time.sleep(0.4)  # what was played last is still under way
-        data = Path(self.file.name).read_bytes()[position : self.position()]
-        samples = array.array("h", data)
-        return samples[0::2], samples[1::2]
-
-    def close(self):
-        self.process.terminate()
-        self.process.wait(10)
-        self.file.close()
-
-
-@dataclass
-class Tone:
-    """What was heard on one channel."""
-
-    seconds: float
-    pitch: float
-    level: float
-    longest_gap: int
-
-
-def longest_zero_run(samples):
-    longest = run = 0
-    for sample in samples:
-        run = run + 1 if sample == 0 else 0
-        longest = max(longest, run)
-    return longest
-
-
-def pitch_of(samples):
-    """Mean frequency between the first and the last upward zero crossing, in hertz."""
-    crossings = []
-    for index in range(1, len(samples)):
-        before, after = samples[index - 1], samples[index]
-        if before < 0 <= after:
-            crossings.append(index - after / (after - before))
-    if len(crossings) < 2:
-        return 0.0
-    return (len(crossings) - 1) * RATE / (crossings[-1] - crossings[0])
-
-
-def hear(samples):
-    """Measures the sounding part of a channel; None when the channel is silent."""
-    loud = [index for index, sample in enumerate(samples) if abs(sample) > FULL_SCALE * 0.01]
-    if not loud:
-        return None
-    sounding = samples[loud[0] : loud[-1] + 1]
-    margin = len(sounding) // 10
-    middle = sounding[margin : len(sounding) - margin]
-    power = sum(sample * sample for sample in middle) / len(middle)
-    level = math.sqrt(2 * power) / FULL_SCALE
-    return Tone(len(sounding) / RATE, pitch_of(middle), level, longest_zero_run(sounding))
-
-
-def windows_path(path):
-    return "Z:" + str(path).replace("/", "\\")
-
-
-def setUpModule():
-    for name in ("SONIMBRA_PLAYER", "SONIMBRA_WINE"):
-        if not os.path.exists(os.environ.get(name, "")):
-            raise AssertionError(f"{name} does not name a file; run this by scripts/test windows")
-    sources = subprocess.run(["pactl", "list", "short", "sources"], capture_output=True, text=True)
-    if "nul.monitor" not in sources.stdout:
-        raise AssertionError(f"no sound server with a null sink: {sources.stderr.strip()}")
-    WinMMPlayerTest.recorder = Recorder()
-    unittest.addModuleCleanup(WinMMPlayerTest.recorder.close)
-
-
-@dataclass
-class Expected:
-    pitch: float = 440.0
-    level: float = AMPLITUDE
-    seconds: float = 0.6
-
-
-class WinMMPlayerTest(unittest.TestCase):
-    def setUp(self):
-        self.folder = tempfile.TemporaryDirectory(prefix="sonimbra-sound.")
-        self.addCleanup(self.folder.cleanup)
-
-    def play(self, file, options):
-        """Plays the file and returns what the left and the right channel received."""
-        command = [*REALTIME, os.environ["SONIMBRA_WINE"], os.environ["SONIMBRA_PLAYER"]]
-        command += ["--driver", "winmm", *options, windows_path(file)]
-        begin = self.recorder.position()
-        result = subprocess.run(
-            command,
-            env={**os.environ, "LC_ALL": "C.UTF-8"},
-            stdin=subprocess.DEVNULL,
-            capture_output=True,
-            text=True,
-            errors="replace",
-            timeout=60,
-        )
-        if result.returncode > 0:
-            # No assertion: check() does not repeat it.
-            raise RuntimeError(f"exit code {result.returncode}: {result.stdout}{result.stderr}")
-        self.assertEqual(result.returncode, 0, "Wine was ended by a signal")
-        return tuple(hear(channel) for channel in self.recorder.channels_since(begin))
-
-    def check_channel(self, tone, expected):
-        if expected is None:
-            self.assertIsNone(tone, "the channel sounds")
-            return
-        self.assertIsNotNone(tone, "the channel is silent")
-        self.assertLessEqual(tone.longest_gap, LONGEST_GAP, "the tone has a hole")
-        self.assertAlmostEqual(tone.pitch, expected.pitch, delta=expected.pitch * 0.005)
-        self.assertAlmostEqual(tone.level, expected.level, delta=expected.level * 0.04)
-        self.assertAlmostEqual(tone.seconds, expected.seconds, delta=0.06)
-
-    def check(self, options, left, right, name="tone.wav", **tone):
-        """Plays a tone and compares both channels.
-
-        A busy machine may starve the sound server for some milliseconds, which sounds the same as
-        a fault of the driver, and Wine itself may die of a signal when a program ends (a fault of
-        the program comes back as an exit code). Only a fault is there each time.
-        """
-        file = Path(self.folder.name) / name
-        write_tone(file, **tone)
-        for attempts_left in (2, 1, 0):
-            heard = None
-            try:
-                heard = self.play(file, options)
-                self.check_channel(heard[0], left)
-                self.check_channel(heard[1], right)
-                return
-            except AssertionError as failure:
-                if attempts_left == 0:
-                    raise
-                print(f"heard {heard}: {failure}; playing again", flush=True)
-
-    def test_mono_sounds_on_both_channels(self):
-        self.check([], Expected(), Expected())
-
-    def test_stereo_at_half_rate_keeps_its_channels(self):
-        self.check([], Expected(pitch=330), Expected(pitch=550), rate=22050, pitches=(330, 550))
+    def command(self, file, options):
+        path = "Z:" + str(file).replace("/", "\\")
+        program = [os.environ["SONIMBRA_WINE"], os.environ["SONIMBRA_PLAYER"]]
+        return [*program, "--driver", "winmm", *options, path]
 
     def test_sample_sizes(self):
         for sample_bytes in (1, 3):
             with self.subTest(sample_bytes=sample_bytes):
                 self.check([], Expected(), Expected(), sample_bytes=sample_bytes)
-
-    def test_volume_scales_the_level(self):
-        half = Expected(level=AMPLITUDE / 2)
-        self.check(["--volume", "0.5"], half, half)
-
-    def test_pan_silences_the_far_channel(self):
-        # A pan above 0 takes the right channel away, one below 0 the left.
-        for pan, left, right in (("1", Expected(), None), ("-1", None, Expected())):
-            with self.subTest(pan=pan):
-                self.check([f"--pan={pan}"], left, right)
-
-    def test_double_speed_doubles_pitch_and_halves_length(self):
-        fast = Expected(pitch=880, seconds=0.3)
-        self.check(["--speed", "2.0"], fast, fast)
 
     def test_non_ascii_file_name(self):
         self.check([], Expected(), Expected(), name="t\u00f6n \u97f3.wav")
