@@ -112,7 +112,7 @@ endfunction()
 # sonimbra_add_real_sound_test(<name> <script> TIMEOUT <seconds>)
 #
 # Plays through the real output driver and listens to what the sound server received. The script
-# fails, and does not skip, where the server or Wine is missing: scripts/test starts both.
+# fails, and does not skip, where the server or Wine is missing: scripts/test starts them.
 function(sonimbra_add_real_sound_test name script)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "TIMEOUT" "")
   if(NOT TARGET sonimbra_player)
@@ -125,7 +125,7 @@ function(sonimbra_add_real_sound_test name script)
     ${name}
     PROPERTIES
       TIMEOUT ${arg_TIMEOUT} RUN_SERIAL ON ENVIRONMENT
-      "SONIMBRA_PLAYER=$<TARGET_FILE:sonimbra_player>;SONIMBRA_WINE=${CMAKE_CROSSCOMPILING_EMULATOR}")
+      "SONIMBRA_PLAYER=$<TARGET_FILE:sonimbra_player>;SONIMBRA_WINE=${CMAKE_CROSSCOMPILING_EMULATOR};PYTHONDONTWRITEBYTECODE=1")
 endfunction()
 
 # sonimbra_add_fuzzers(<folder>)

@@ -1,0 +1,235 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+/// The ALSA driver's calls of the system, in their order, and its way through their failures. The
+/// functions of ALSA that it plays by are defined here.
+
+#include "drivers/software/CSonimbraALSASoundEngine.h"
+#include "io/CFileSystem.h"
+#include "tests/support/log_capture.h"
+#include "tests/support/mixer_pair.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <utility>
+
+namespace {
+
+using namespace sn_test;
+using sn_internal::counted_ptr;
+using std::chrono::milliseconds;
+using PCM = snd_pcm_t*;
+using Hardware = snd_pcm_hw_params_t*;
+using Software = snd_pcm_sw_params_t*;
+using Frames = snd_pcm_uframes_t;
+
+using Answers = std::map<std::string, std::vector<long>>;
+
+/// Takes what it is given into its buffer, and plays when a test takes from the buffer.
+struct SScriptedPCM {
+    std::string journal; ///< "call " or "call:argument " for each call
+    Answers answers;     ///< the next results of calls; without one a call works
+    long bufferFrames = 8192;
+    long queuedFrames = 0;
+    Frames16 played;
+
+    long answer(const std::string& call, const std::string& argument) {
+        journal += call + (argument == "0" ? "" : ":" + argument) + " ";
+        std::vector<long>& next = answers[call];
+        return next.empty() ? 0 : *std::exchange(next, {next.begin() + 1, next.end()}).begin();
+    }
+};
+
+SScriptedPCM Device;
+sn_internal::CSonimbraALSASoundEngine::CClock::time_point Now;
+
+} // namespace
+
+extern "C" {
+
+#define ANSWERS(function, parameters, call, argument)                                              \
+    int function parameters {                                                                      \
+        return static_cast<int>(Device.answer(call, std::to_string(argument)));                    \
+    }
+ANSWERS(snd_pcm_hw_params_any, (PCM, Hardware), "any", 0)
+ANSWERS(snd_pcm_hw_params_set_access, (PCM, Hardware, snd_pcm_access_t access), "access", access)
+ANSWERS(snd_pcm_hw_params_set_format, (PCM, Hardware, snd_pcm_format_t format), "format", format)
+ANSWERS(snd_pcm_hw_params_set_channels, (PCM, Hardware, unsigned count), "channels", count)
+ANSWERS(snd_pcm_hw_params_set_rate, (PCM, Hardware, unsigned rate, int), "rate", rate)
+ANSWERS(snd_pcm_hw_params_set_buffer_size_near, (PCM, Hardware, Frames* size), "buffer",
+        std::exchange(*size, Device.bufferFrames))
+ANSWERS(snd_pcm_hw_params_set_period_size_near, (PCM, Hardware, Frames* size, int*), "period",
+        *size)
+ANSWERS(snd_pcm_hw_params, (PCM, Hardware), "hardware", 0)
+ANSWERS(snd_pcm_sw_params_current, (PCM, Software), "current", 0)
+ANSWERS(snd_pcm_sw_params_set_start_threshold, (PCM, Software, Frames size), "start", size)
+ANSWERS(snd_pcm_sw_params, (PCM, Software), "software", 0)
+ANSWERS(snd_pcm_prepare, (PCM), "prepare", Device.queuedFrames = 0)
+ANSWERS(snd_pcm_resume, (PCM), "resume", 0)
+ANSWERS(snd_pcm_drop, (PCM), "drop", 0)
+ANSWERS(snd_pcm_close, (PCM), "close", Device.queuedFrames = 0)
+
+int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) {
+    *pcm = reinterpret_cast<PCM>(&Device);
+    EXPECT_TRUE(stream == SND_PCM_STREAM_PLAYBACK && mode == SND_PCM_NONBLOCK);
+    return static_cast<int>(Device.answer("open", name));
+}
+snd_pcm_sframes_t snd_pcm_avail(PCM) {
+    const long error = Device.answer("avail", "0");
+    return error < 0 ? error : Device.bufferFrames - Device.queuedFrames;
+}
+snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
+    const long answer = Device.answer("write", std::to_string(frameCount));
+    const long taken = answer == 0 ? static_cast<long>(frameCount) : std::max(answer, 0L);
+    Device.queuedFrames += taken;
+    EXPECT_LE(Device.queuedFrames, Device.bufferFrames);
+    const auto* samples = static_cast<const std::int16_t*>(data);
+    Device.played.insert(Device.played.end(), samples, samples + 2 * taken);
+    return answer < 0 ? answer : taken;
+}
+
+} // extern "C"
+
+namespace {
+
+std::string writes(int count) {
+    return count == 0 ? "" : "write:256 " + writes(count - 1);
+}
+
+std::string startCalls(const std::string& name, long queueFrames = 8192) {
+    return "open:" + name +
+           " any access:3 format:2 channels:2 rate:44100 buffer:8192 period:256 hardware "
+           "current start:" +
+           std::to_string(queueFrames) + " software ";
+}
+
+class ALSADriver : public testing::Test {
+protected:
+    void SetUp() override { restart(); }
+
+    /// A new engine on a device as good as new.
+    void restart(long bufferFrames = 8192) {
+        Driver.reset();
+        Device = {};
+        Device.bufferFrames = bufferFrames;
+        Driver = Engine::adopt(new sn_internal::CSonimbraALSASoundEngine(
+            Files.get(), sonimbra::PrintDebugInfoToStdOut, nullptr, [] { return Now; }));
+        EXPECT_EQ(startCalls("default", std::min(bufferFrames / 256 * 256, 8192L)), journal());
+    }
+    static std::string journal() { return std::exchange(Device.journal, ""); }
+    /// The calls of an update, and behind them what it logs.
+    std::string update(milliseconds later = milliseconds(0)) {
+        Now += later;
+        const std::string log = standardOutputOf([&] { Driver->update(); });
+        return journal() + log;
+    }
+
+    const counted_ptr<sn_internal::io::IFileSystem> Files =
+        counted_ptr<sn_internal::io::IFileSystem>::adopt(new sn_internal::io::CFileSystem);
+    Engine Driver;
+};
+
+TEST_F(ALSADriver, FailsToStartWhereAnyCallFails) {
+    const int options = sonimbra::MultiThreaded | sonimbra::PrintDebugInfoToStdOut;
+    std::istringstream calls(startCalls("x"));
+    std::string made;
+    for (std::string call; calls >> call; journal()) {
+        made += call + " ";
+        Device.answers[call.substr(0, call.find(':'))] = {-ENODEV};
+        const std::string log = standardOutputOf([] {
+            EXPECT_EQ(nullptr, sonimbra::createSonimbraDevice(sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA,
+                                                              options, "x"));
+        });
+        const bool isOpen = made != "open:x ";
+        EXPECT_EQ(isOpen ? "Could not set up ALSA device for 16-bit stereo: x: No such device"
+                         : "Could not start up ALSA device: x: No such device",
+                  linesOf(log).back());
+        EXPECT_EQ(made + (isOpen ? "drop close " : ""), Device.journal);
+    }
+}
+
+TEST_F(ALSADriver, FillsTheQueueAndGoesOnAfterInterruptions) {
+    const struct {
+        Answers answers;
+        std::string calls, nextCalls; ///< of the next two updates
+    } cases[] = {
+        {{}, "avail " + writes(2), "avail "},
+        {{{"write", {100, -EAGAIN}}}, "avail write:256 write:156 ", "avail write:156 write:256 "},
+        {{{"avail", {-EPIPE}}}, "avail prepare avail " + writes(32), "avail "},
+        {{{"avail", {-EPIPE, -EPIPE}}}, "avail prepare avail ", "avail " + writes(32)},
+        {{{"write", {-EPIPE}}}, "avail write:256 prepare avail " + writes(32), "avail "},
+        {{{"avail", {-ESTRPIPE, -ESTRPIPE}}, {"resume", {-EAGAIN}}},
+         "avail resume ",
+         "avail resume avail " + writes(2)},
+        {{{"avail", {-ESTRPIPE}}, {"resume", {-ENOSYS}}},
+         "avail resume prepare avail " + writes(32),
+         "avail "},
+    };
+    for (const auto& test : cases) {
+        restart();
+        const OfflineEngine offline = offlineEngine(sonimbra::PrintDebugInfoToStdOut);
+        playRecording(*Driver.get(), counting(90000));
+        playRecording(*offline.get(), counting(90000));
+        EXPECT_EQ("avail " + writes(32), update());
+        Device.queuedFrames -= 700;
+        Device.answers = test.answers;
+        EXPECT_EQ(test.calls, update());
+        EXPECT_EQ(test.nextCalls, update());
+        const auto frames = static_cast<std::int32_t>(Device.played.size() / 2);
+        EXPECT_TRUE(areSameFrames(Device.played, rendered(*offline.get(), frames)));
+    }
+    for (const long bufferFrames : {1000, 20000}) {
+        restart(bufferFrames);
+        EXPECT_EQ("avail " + writes(bufferFrames == 1000 ? 3 : 32), update());
+    }
+}
+
+TEST_F(ALSADriver, TriesALostDeviceOnceASecond) {
+    const struct {
+        Answers answers;
+        std::string calls, reason;
+    } cases[] = {
+        {{{"avail", {-ENODEV}}}, "avail ", "No such device"},
+        {{{"write", {-EIO}}}, "avail write:256 ", "Input/output error"},
+        {{{"avail", {-EPIPE}}, {"prepare", {-EIO}}}, "avail prepare ", "Input/output error"},
+    };
+    for (const auto& test : cases) {
+        restart();
+        Device.answers = test.answers;
+        EXPECT_EQ(test.calls + "drop close ALSA device lost, playing on without it: default: " +
+                      test.reason + "\n",
+                  update());
+        Device.answers = {{"open", {-ENODEV}}, {"any", {-EINVAL}}};
+        for (const char* const calls : {"open:default ", "open:default any drop close "}) {
+            EXPECT_EQ("", update(milliseconds(999)));
+            EXPECT_EQ(calls, update(milliseconds(1)));
+        }
+        EXPECT_EQ(startCalls("default") + "avail " + writes(32) + "ALSA device is back: default\n",
+                  update(milliseconds(1000)));
+    }
+}
+
+TEST_F(ALSADriver, SoundsGoOnInRealTimeWithoutTheDevice) {
+    CStopEvents events;
+    events.action = [](sonimbra::ISound*) { Device.journal += "stop event "; };
+    Device.answers = {{"avail", {-ENODEV}}, {"open", {-ENODEV}}};
+    update();
+    const Sound ending = playRecording(*Driver.get(), constant(1, 22050));
+    const Sound staying = playRecording(*Driver.get(), constant(1, 44100), true);
+    ending->setSoundStopEventReceiver(&events);
+    staying->setSoundStopEventReceiver(&events);
+    for (int i = 0; i < 11; ++i) {
+        EXPECT_EQ("", update(milliseconds(50)));
+    }
+    EXPECT_EQ("stop event ", update());
+    EXPECT_NEAR(550, staying->getPlayPosition(), 6);
+    update(milliseconds(10000)); // as much as a queue holds, and no more
+    EXPECT_NEAR(550 + 186, staying->getPlayPosition(), 6);
+    update(milliseconds(1000));
+    journal();
+    Driver.reset();
+    EXPECT_EQ("stop event drop close ", journal());
+}
+
+} // namespace
