@@ -10,7 +10,7 @@ namespace sn_internal {
 namespace {
 
 constexpr double UnitsPerSecond = 65536.0;
-constexpr double LongestTime = 2 * 60 * 60 * UnitsPerSecond;
+constexpr double LongestTime = 60 * 60 * UnitsPerSecond;
 
 /// In units of about 30 nanoseconds.
 constexpr double MostWork = 1 << 26;
