@@ -6,6 +6,8 @@
 #include "tests/support/engine_driver.h"
 #include "tests/support/engine_helpers.h"
 #include "tests/support/log_capture.h"
+#include "tests/support/modules.h"
+#include "tests/support/ogg.h"
 #include "tests/support/ramp.h"
 
 #include <gtest/gtest.h>
@@ -59,6 +61,38 @@ TEST_F(Loaders, AreAskedByNameThenAll) {
     EXPECT_EQ(Journal, (Lines{"a at 0", "c at 0"}));
     EXPECT_EQ(Driver->requests.size(), 2u);
     EXPECT_EQ(CScriptedFile::alive, 0);
+}
+
+/// Names decide who is asked first, contents decide who takes the file.
+TEST_F(Loaders, OpenEveryFormatUnderAnyName) {
+    const Bytes wave = wavFile({}, Bytes(400, 1));
+    const Bytes tones = oggFile({.rate = 22050, .frames = 1000});
+    const struct {
+        const char* name;
+        Bytes content;
+        std::int32_t rate;
+        Lines lines;
+    } files[] = {
+        {"a.wav", wave, 44100, {}},
+        {"a.ogg", wave, 44100, {}},
+        {"b.OGG", tones, 22050, {}},
+        {"b.wav", tones, 22050, {NoWave, NoWave}},
+        {"b.it.bak", tones, 22050, {NoWave}},
+        {"c.XM", xmFile(), 44100, {}},
+        {"c.mod", itFile(), 44100, {}},
+        {"module", s3mFile(), 44100, {NoWave}},
+        {"d.ogg", modFile(), 44100, {NoWave}},
+    };
+    for (const auto& file : files) {
+        addFactory(*Driver.get(), file.name, file.content);
+        ISoundEngine& engine = *Driver.get();
+        EXPECT_EQ(loggedLinesOf([&] {
+                      EXPECT_EQ(engine.getSoundSource(file.name)->getAudioFormat().SampleRate,
+                                file.rate);
+                  }),
+                  file.lines)
+            << file.name;
+    }
 }
 
 TEST_F(Loaders, MissADecoderForMp3) {
