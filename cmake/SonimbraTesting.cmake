@@ -150,11 +150,12 @@ function(sonimbra_add_fuzzers folder)
     add_executable(${target} "${source}")
     sonimbra_link_test(${target})
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)
-    # libFuzzer keeps what it finds in the first folder and reads the second.
+    # libFuzzer keeps what it finds in the first folder and reads the second. Inputs that take long,
+    # such as modules that repeat themselves for hours, are tried less often than others.
     file(MAKE_DIRECTORY "${root}/found/${name}" "${root}/corpus/${name}" "${root}/crashes")
     add_test(NAME ${target}
-             COMMAND ${target} -max_total_time=60 -timeout=10 -rss_limit_mb=2048
-                     -print_final_stats=1 "-artifact_prefix=${root}/crashes/${name}-"
+             COMMAND ${target} -max_total_time=60 -timeout=60 -rss_limit_mb=2048
+                     -entropic_scale_per_exec_time=1 -print_final_stats=1 "-artifact_prefix=${root}/crashes/${name}-"
                      "${root}/found/${name}" "${root}/corpus/${name}")
     set_tests_properties(${target} PROPERTIES TIMEOUT 180 FIXTURES_REQUIRED fuzz_corpus)
   endforeach()
