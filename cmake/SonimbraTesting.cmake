@@ -155,8 +155,9 @@ function(sonimbra_add_fuzzers folder)
     file(MAKE_DIRECTORY "${root}/found/${name}" "${root}/corpus/${name}" "${root}/crashes")
     add_test(NAME ${target}
              COMMAND ${target} -max_total_time=60 -timeout=60 -rss_limit_mb=2048
-                     -entropic_scale_per_exec_time=1 -print_final_stats=1 "-artifact_prefix=${root}/crashes/${name}-"
-                     "${root}/found/${name}" "${root}/corpus/${name}")
+                     -entropic_scale_per_exec_time=1 -print_final_stats=1
+                     "-artifact_prefix=${root}/crashes/${name}-" "${root}/found/${name}"
+                     "${root}/corpus/${name}")
     set_tests_properties(${target} PROPERTIES TIMEOUT 180 FIXTURES_REQUIRED fuzz_corpus)
   endforeach()
 endfunction()
