@@ -45,12 +45,4 @@ bool CSampleDataCheck::isPresent() {
     return End == 0 || (File.seek(static_cast<std::int32_t>(End - 1)) && File.readByte() >= 0);
 }
 
-bool CRowChannels::add(unsigned channel) {
-    const std::uint64_t bit = std::uint64_t(1) << channel;
-    const bool isThird = (Twice & bit) != 0;
-    Twice |= Once & bit;
-    Once |= bit;
-    return !isThird;
-}
-
 } // namespace sn_internal

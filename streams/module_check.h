@@ -58,17 +58,4 @@ private:
     std::uint64_t Total = 0;
 };
 
-/// The channels that a pattern's row has named so far. Formats allow each channel once in a row;
-/// a row that repeats them can hold thousands of effects.
-class CRowChannels {
-public:
-    /// Returns false when the channel (0 to 63) is named too often.
-    bool add(unsigned channel);
-    void nextRow() { *this = {}; }
-
-private:
-    std::uint64_t Once = 0;
-    std::uint64_t Twice = 0;
-};
-
 } // namespace sn_internal

@@ -138,33 +138,32 @@ bool checkSample(const SSample& sample, SModuleTraits& traits, CSampleDataCheck&
     return true;
 }
 
-/// Walks the packed rows as DUMB does. Where the last entry reaches over the end, DUMB reads on in
-/// its buffer of 65536 bytes; it must not leave that.
+/// Walks the packed rows as DUMB does. An entry must not reach over the end, because DUMB would
+/// take what happens to lie behind. Nor may a row hold two entries for one channel: DUMB then
+/// writes a report into the current folder, and ends the process if it cannot.
 bool checkPatternData(const std::vector<std::uint8_t>& data) {
     static const std::uint8_t sizes[16] = {0, 1, 1, 2, 1, 2, 2, 3, 2, 3, 3, 4, 3, 4, 4, 5};
-    constexpr std::size_t bufferSize = 65536;
-    const auto byteAt = [&data](std::size_t i) -> unsigned {
-        return i < data.size() ? data[i] : 0;
-    };
     std::uint8_t masks[64] = {};
-    CRowChannels channels;
+    std::uint64_t named = 0; // channels with an entry in this row
     std::size_t at = 0;
     while (at < data.size()) {
-        const unsigned what = byteAt(at++);
+        const unsigned what = data[at++];
         if (what == 0) {
-            channels.nextRow();
+            named = 0;
             continue;
         }
         const unsigned channel = (what - 1) & 63;
-        if ((what & 128) != 0) {
-            masks[channel] = static_cast<std::uint8_t>(byteAt(at++));
+        if ((what & 128) != 0 && at < data.size()) {
+            masks[channel] = data[at];
         }
-        at += sizes[masks[channel] & 15];
-        if (!channels.add(channel)) {
+        at += (what >> 7) + sizes[masks[channel] & 15];
+        const std::uint64_t bit = std::uint64_t(masks[channel] != 0) << channel;
+        if ((named & bit) != 0) {
             return false;
         }
+        named |= bit;
     }
-    return at <= bufferSize;
+    return at == data.size();
 }
 
 bool checkPattern(io::CBufferedReader& file) {

@@ -67,6 +67,25 @@ void checkSample(io::CBufferedReader& file, SModuleTraits& traits, CSampleDataCh
                      isLooped ? loopEnd - loopStart : 0);
 }
 
+/// The channels that a pattern's row has named so far. The format allows each channel once in a
+/// row; a row that repeats them can hold thousands of effects.
+class CRowChannels {
+public:
+    /// Returns false when the channel (0 to 31) is named for the third time.
+    bool add(unsigned channel) {
+        const std::uint32_t bit = std::uint32_t(1) << channel;
+        const bool isThird = (Twice & bit) != 0;
+        Twice |= Once & bit;
+        Once |= bit;
+        return !isThird;
+    }
+    void nextRow() { *this = {}; }
+
+private:
+    std::uint32_t Once = 0;
+    std::uint32_t Twice = 0;
+};
+
 bool checkPattern(io::CBufferedReader& file) {
     static const std::uint8_t sizes[8] = {0, 2, 1, 3, 2, 4, 3, 5};
     constexpr int rowCount = 64;
