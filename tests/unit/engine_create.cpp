@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 using namespace sn_test;
@@ -15,6 +17,7 @@ using namespace sonimbra;
 constexpr int Printing = PrintDebugInfoToStdOut;
 const char* const VersionLine = "Sonimbra sound library version 1.5.0";
 const char* const InvalidLine = "Invalid sound driver specified.";
+constexpr bool OnWindows = std::filesystem::path::preferred_separator == '\\';
 
 /// Creates an engine and drops it again.
 bool isMade(int driver, int options, const char* version = SONIMBRA_VERSION) {
@@ -29,6 +32,10 @@ TEST(Create, ReportsDriversThatDoNotExist) {
     } cases[] = {
         {0, {"DirectSound8 is not supported on this system.", InvalidLine}},
         {2, {"DirectSound is not supported on this system.", InvalidLine}},
+        {OnWindows ? 4 : 3,
+         {OnWindows ? "ALSA is not supported on this system."
+                    : "WinMM is not supported on this system.",
+          InvalidLine}},
         {5, {"CoreAudio is not supported on this system.", InvalidLine}},
         {7, {InvalidLine}},
         {-1, {InvalidLine}},
