@@ -45,19 +45,18 @@ Counted<sonimbra::ISoundEngine> createEngine(const Options& options) {
     return engine;
 }
 
-int reportNoDriver(const Options& options) {
-    const std::string hint = "render to a file with --render OUT.wav";
+std::string whatFailed(const Options& options) {
     if (!options.device.empty()) {
-        printError("the device " + printable(options.device) +
-                   " does not work; choose another one (see --list-devices), or " + hint);
-    } else if (options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
-        printError("no sound driver works here; choose a device with --device (see "
-                   "--list-devices), or " +
-                   hint);
-    } else {
-        printError("the driver \"" + options.driverName +
-                   "\" does not work here; try --driver auto, or " + hint);
+        return "the device " + printable(options.device) + " does not work";
     }
+    return options.driver == E_SOUND_OUTPUT_DRIVER::AutoDetect
+               ? "no sound driver works"
+               : "the driver \"" + options.driverName + "\" does not work";
+}
+
+int reportNoDriver(const Options& options) {
+    printError(whatFailed(options) + " here; choose another with --driver or --device (see "
+                                     "--list-devices), or render to a file with --render OUT.wav");
     return NoDriver;
 }
 
