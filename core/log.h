@@ -11,7 +11,8 @@ class ILogger;
 
 namespace sn_internal {
 
-/// Level of the library's own messages; only an unknown driver is reported at the higher one.
+/// Levels of the library's own messages. Unknown drivers and plug-ins that fail are errors; all the
+/// rest is information.
 constexpr std::int32_t LogLevelInformation = 0;
 constexpr std::int32_t LogLevelError = 1;
 
