@@ -47,14 +47,13 @@ std::uint32_t packedSize(std::uint8_t mask) {
     return size;
 }
 
-/// Where the last note reaches over the pattern's end, DUMB reads on in its buffer; it must not
-/// leave that.
+/// The last note of a pattern must not reach over the pattern's end: DUMB would take what an
+/// earlier pattern has left behind.
 bool checkPattern(io::CBufferedReader& file, std::uint32_t channelCount) {
-    const std::uint32_t bufferSize = 1280 * channelCount;
     file.skip(4 + 1 + 2); // header size and packing: DUMB looks at them; rows
     const std::uint32_t size = file.readUint16();
     std::vector<std::uint8_t> data(size);
-    if (size > bufferSize ||
+    if (size > 1280 * channelCount ||
         file.read(data.data(), static_cast<std::int32_t>(size)) < static_cast<std::int32_t>(size)) {
         return false;
     }
@@ -62,7 +61,7 @@ bool checkPattern(io::CBufferedReader& file, std::uint32_t channelCount) {
     while (at < size) {
         at += (data[at] & 0x80) != 0 ? 1 + packedSize(data[at]) : 5;
     }
-    return at <= bufferSize;
+    return at == size;
 }
 
 /// At the middle C of DUMB, which lies an octave above the format's.
@@ -91,6 +90,30 @@ std::uint32_t readSampleHeader(io::CBufferedReader& file, SModuleTraits& traits)
     return byteCount;
 }
 
+/// What DUMB looks at between an instrument's name and its samples. Where it refuses an instrument
+/// itself, it forgets to release the samples of those before.
+bool checkSettings(io::CBufferedReader& file) {
+    constexpr std::uint32_t sampleHeaderSize = 40;
+    constexpr int mostNodes = 12;
+    constexpr std::uint16_t highestNode = 64;
+    const bool isKnownSize = file.readUint32() == sampleHeaderSize;
+    file.skip(96); // the sample of each note
+    int nodesInRange[2] = {};
+    for (int& count : nodesInRange) {
+        bool isInRange = true;
+        for (int node = 0; node < mostNodes; ++node) {
+            file.skip(2); // the time
+            isInRange = file.readUint16() <= highestNode && isInRange;
+            count += isInRange;
+        }
+    }
+    const int nodes[2] = {file.readUint8(), file.readUint8()};
+    file.skip(6); // loops
+    const bool isOn[2] = {(file.readUint8() & 1) != 0, (file.readUint8() & 1) != 0};
+    return isKnownSize && (!isOn[0] || nodes[0] <= nodesInRange[0]) &&
+           (!isOn[1] || nodes[1] <= nodesInRange[1]) && file.readUint8() < 4; // vibrato's shape
+}
+
 /// An instrument with its samples. Their data follow one another, so that the file's end is checked
 /// where the next instrument is read.
 bool checkInstrument(io::CBufferedReader& file, SModuleTraits& traits, std::uint64_t& dataBytes) {
@@ -98,8 +121,8 @@ bool checkInstrument(io::CBufferedReader& file, SModuleTraits& traits, std::uint
     const std::uint32_t headerSize = file.readUint32();
     file.skip(22 + 1);
     const std::uint32_t sampleCount = file.readUint16();
-    if (file.hasFailed() || sampleCount > MostSamplesPerInstrument || !file.seek(start) ||
-        !file.skip(headerSize)) {
+    if (file.hasFailed() || sampleCount > MostSamplesPerInstrument ||
+        (sampleCount != 0 && !checkSettings(file)) || !file.seek(start) || !file.skip(headerSize)) {
         return false;
     }
     std::uint64_t own = 0;
