@@ -36,6 +36,10 @@ bool mayBeReadAsXM(io::CBufferedReader& file, SModuleTraits& traits);
 bool mayBeReadAsS3M(io::CBufferedReader& file, SModuleTraits& traits);
 bool mayBeReadAsIT(io::CBufferedReader& file, SModuleTraits& traits);
 
+/// The number by which DUMB knows XM's effect that ends a note. In S3M and IT, whose effects end at
+/// 26, it would look for instruments that S3M has not got and IT need not have.
+constexpr std::uint8_t KeyOffEffect = 32;
+
 /// Counts the sample data that a module declares, against what the file holds and against a limit:
 /// DUMB allocates all of it, and goes on reading it byte by byte behind the end of the file.
 class CSampleDataCheck {

@@ -15,6 +15,7 @@ constexpr std::uint32_t MostVoices = 256;     // 64 channels, and notes that sou
 constexpr std::uint16_t LinearSlidesFlag = 8;
 constexpr std::uint16_t NewInstrumentsVersion = 0x200;
 constexpr std::uint8_t MostEnvelopeNodes = 25;
+constexpr unsigned HasEffect = 8; // in the mask of a pattern's entry
 
 // Flags of a sample.
 constexpr unsigned Exists = 1;
@@ -157,6 +158,10 @@ bool checkPatternData(const std::vector<std::uint8_t>& data) {
             masks[channel] = data[at];
         }
         at += (what >> 7) + sizes[masks[channel] & 15];
+        if ((masks[channel] & HasEffect) != 0 && at <= data.size() &&
+            data[at - 2] == KeyOffEffect) {
+            return false;
+        }
         const std::uint64_t bit = std::uint64_t(masks[channel] != 0) << channel;
         if ((named & bit) != 0) {
             return false;

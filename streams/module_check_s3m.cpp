@@ -87,7 +87,7 @@ private:
 };
 
 bool checkPattern(io::CBufferedReader& file) {
-    static const std::uint8_t sizes[8] = {0, 2, 1, 3, 2, 4, 3, 5};
+    static const std::uint8_t sizes[4] = {0, 2, 1, 3}; // of note and volume
     constexpr int rowCount = 64;
     file.skip(2); // the size, which DUMB does not look at either
     CRowChannels channels;
@@ -99,7 +99,12 @@ bool checkPattern(io::CBufferedReader& file) {
         if (what >> 5 == 0) {
             ++row;
             channels.nextRow();
-        } else if (!channels.add(what & 31) || !file.skip(sizes[what >> 5])) {
+            continue;
+        }
+        file.skip(sizes[what >> 5 & 3]);
+        const bool hasEffect = (what & 128) != 0;
+        if (!channels.add(what & 31) || (hasEffect && file.readUint8() == KeyOffEffect) ||
+            !file.skip(hasEffect)) {
             return false;
         }
     }

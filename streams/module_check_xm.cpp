@@ -38,28 +38,59 @@ bool readHeader(io::CBufferedReader& file, SHeader& header, SModuleTraits& trait
            header.patternCount <= 256 && header.instrumentCount <= 128 && !file.hasFailed();
 }
 
-/// Bytes of a packed note, behind the byte that says which of the five follow.
-std::uint32_t packedSize(std::uint8_t mask) {
-    std::uint32_t size = 0;
-    for (unsigned bit = 0; bit < 5; ++bit) {
-        size += mask >> bit & 1;
+/// DUMB ends a note by looking at its channel's instrument, whether there is one of that number or
+/// not. It has no sample for notes above the highest but one.
+class CNoteCheck {
+public:
+    explicit CNoteCheck(const SHeader& header) : Header(header) {}
+
+    /// Takes the next cell of a pattern: the fields that the mask names, from the note on.
+    bool add(unsigned mask, const std::uint8_t* fields) {
+        constexpr std::uint8_t highestNote = 96, noteOff = 97, lastWithoutSample = 120;
+        constexpr std::uint8_t keyOff = 20;
+        const std::uint64_t channel = std::uint64_t(1) << Cell++ % Header.channelCount;
+        const std::uint8_t note = fields[0];
+        if ((mask & 2) != 0 && (fields[1] == 0 || fields[1] > Header.instrumentCount)) {
+            Lost |= channel;
+        }
+        if (((mask & 1) != 0 && (note == 0 || note > highestNote)) ||
+            ((mask & 8) != 0 && fields[3] == keyOff)) {
+            Ended |= channel;
+        }
+        return note <= noteOff || note > lastWithoutSample;
     }
-    return size;
-}
+    bool isSafe() const { return (Lost & Ended) == 0; }
+
+private:
+    const SHeader& Header;
+    std::uint32_t Cell = 0;  // every pattern has whole rows, or DUMB refuses it
+    std::uint64_t Lost = 0;  // channels that get a wrong instrument somewhere
+    std::uint64_t Ended = 0; // channels in which notes are ended
+};
 
 /// The last note of a pattern must not reach over the pattern's end: DUMB would take what an
 /// earlier pattern has left behind.
-bool checkPattern(io::CBufferedReader& file, std::uint32_t channelCount) {
+bool checkPattern(io::CBufferedReader& file, const SHeader& header, CNoteCheck& notes) {
     file.skip(4 + 1 + 2); // header size and packing: DUMB looks at them; rows
     const std::uint32_t size = file.readUint16();
     std::vector<std::uint8_t> data(size);
-    if (size > 1280 * channelCount ||
+    if (size > 1280u * header.channelCount ||
         file.read(data.data(), static_cast<std::int32_t>(size)) < static_cast<std::int32_t>(size)) {
         return false;
     }
     std::uint32_t at = 0;
     while (at < size) {
-        at += (data[at] & 0x80) != 0 ? 1 + packedSize(data[at]) : 5;
+        const unsigned mask = (data[at] & 0x80) != 0 ? data[at++] : 31;
+        std::uint8_t fields[5] = {};
+        for (unsigned bit = 0; bit < 5; ++bit) {
+            if ((mask >> bit & 1) != 0) {
+                fields[bit] = at < size ? data[at] : 0;
+                ++at;
+            }
+        }
+        if (!notes.add(mask, fields)) {
+            return false;
+        }
     }
     return at == size;
 }
@@ -141,8 +172,9 @@ bool mayBeReadAsXM(io::CBufferedReader& file, SModuleTraits& traits) {
         return false;
     }
     traits.channelCount = header.channelCount;
+    CNoteCheck notes(header);
     for (std::uint32_t i = 0; i < header.patternCount; ++i) {
-        if (!checkPattern(file, header.channelCount)) {
+        if (!checkPattern(file, header, notes)) {
             return false;
         }
     }
@@ -154,7 +186,7 @@ bool mayBeReadAsXM(io::CBufferedReader& file, SModuleTraits& traits) {
     }
     CSampleDataCheck data(file);
     data.add(0, static_cast<std::uint64_t>(file.getPosition()), dataBytes);
-    return data.isPresent();
+    return notes.isSafe() && data.isPresent();
 }
 
 } // namespace sn_internal
