@@ -81,6 +81,7 @@ float CSonimbraSoundSource::getDefaultMaxDistance() {
 void CSonimbraSoundSource::forceReloadAtNextUse() {
     const CScopedLock lock(getLock());
     CachedSamples.reset();
+    DriverData.reset();
 }
 
 void* CSonimbraSoundSource::getSampleData() {

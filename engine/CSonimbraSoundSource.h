@@ -53,6 +53,11 @@ public:
 
     bool belongsTo(const CEngineLinkPtr& link) const { return Link == link; }
 
+    /// What the driver keeps with the source for its later sounds: it is let go with the source, or
+    /// with the samples that it was made from. With the engine's lock held.
+    sonimbra::IRefCounted* getDriverData() const { return DriverData.get(); }
+    void setDriverData(counted_ptr<sonimbra::IRefCounted> data) { DriverData = std::move(data); }
+
     /// The sounds made from this source know it by a bare pointer. They join here, leave when they
     /// are destroyed, and are cut off when the source is removed. With the engine's lock held.
     void attachSound(CSonimbraSound& sound);
@@ -93,6 +98,7 @@ private:
     std::atomic<float> DefaultVolume{1.0f};
     bool SeekingSupported = true;
     CSonimbraSound* FirstSound = nullptr;
+    counted_ptr<sonimbra::IRefCounted> DriverData;
 };
 
 } // namespace sn_internal
