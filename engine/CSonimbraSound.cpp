@@ -43,7 +43,7 @@ void CSonimbraSound::setIsPaused(bool paused) {
     if (paused) {
         stopBuffer();
     } else {
-        Link->getEngine()->refreshListenerRelation(*this);
+        refreshListenerRelation();
         playBuffer();
     }
     Paused = paused;
@@ -177,6 +177,12 @@ void CSonimbraSound::deliverStopEvent(bool removedWithSource) {
         cause = E_STOP_EVENT_CAUSE::SoundStoppedByUser;
     }
     withoutExceptions([&] { StopEventReceiver->OnSoundStopped(this, cause, UserData); });
+}
+
+void CSonimbraSound::refreshListenerRelation() {
+    if (CSonimbraSoundEngine* const engine = Link->getEngine()) {
+        engine->refreshListenerRelation(*this);
+    }
 }
 
 void CSonimbraSound::apply3DInSoftware(float globalVolume, const vec3df& listenerPosition,

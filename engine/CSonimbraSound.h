@@ -74,6 +74,9 @@ protected:
     ICriticalSection& getLock() const { return Link->getLock(); }
     bool isLoopedFlagSet() const { return Looped; }
 
+    /// Has the engine call updateListenerRelation, as each update does.
+    void refreshListenerRelation();
+
     /// Computes volume and pan from the listener and applies them by setBufferPan and
     /// setBufferVolume; a 2D sound gets its own pan and its volume times the global one.
     void apply3DInSoftware(float globalVolume, const sonimbra::vec3df& listenerPosition,

@@ -123,6 +123,12 @@ protected:
     const CEngineLinkPtr& getLink() const { return Link; }
     const CPlayingSounds& getSounds() const { return Sounds; }
     void deliverStopEvents() { Sounds.deliverStopEvents(); }
+    const CListener& getListener() const { return Listener; }
+    float getRolloffFactor() const { return RolloffFactor; } ///< with the lock held
+    /// Sets one of the native handles that the application may ask for, 0 to 4.
+    void setInternalAudioInterface(std::int32_t index, void* handle) {
+        InternalAudioInterface[index] = handle;
+    }
 
     int Options;
 

@@ -1,22 +1,39 @@
 // Copyright (c) 2026 The Sonimbra developers
 // SPDX-License-Identifier: Zlib
 
+#include "drivers/directsound/directsound_engines.h"
 #include "drivers/software/winmm_engine.h"
 #include "engine/drivers.h"
 
 namespace sn_internal {
 
-sonimbra::ISoundEngine* createPlatformEngine(sonimbra::E_SOUND_OUTPUT_DRIVER driver,
+using sonimbra::E_SOUND_OUTPUT_DRIVER;
+
+sonimbra::ISoundEngine* createPlatformEngine(E_SOUND_OUTPUT_DRIVER driver,
                                              const SEngineArguments& arguments) {
-    if (driver == sonimbra::E_SOUND_OUTPUT_DRIVER::WinMM) {
+    switch (driver) {
+    case E_SOUND_OUTPUT_DRIVER::DirectSound8:
+        return createDirectSound8Engine(arguments.fileSystem, arguments.options,
+                                        arguments.deviceID);
+    case E_SOUND_OUTPUT_DRIVER::DirectSound:
+        return createDirectSoundEngine(arguments.fileSystem, arguments.options, arguments.deviceID);
+    case E_SOUND_OUTPUT_DRIVER::WinMM:
         return createWinMMEngine(arguments.fileSystem, arguments.options);
+    default:
+        logUnsupportedDriver(driver);
+        return nullptr;
     }
-    logUnsupportedDriver(driver);
-    return nullptr;
 }
 
-CSoundDeviceList* createPlatformDeviceList(sonimbra::E_SOUND_OUTPUT_DRIVER) {
-    return nullptr;
+CSoundDeviceList* createPlatformDeviceList(E_SOUND_OUTPUT_DRIVER driver) {
+    switch (driver) {
+    case E_SOUND_OUTPUT_DRIVER::DirectSound8:
+        return createDirectSound8DeviceList();
+    case E_SOUND_OUTPUT_DRIVER::DirectSound:
+        return createDirectSoundDeviceList();
+    default:
+        return nullptr;
+    }
 }
 
 } // namespace sn_internal

@@ -1,0 +1,65 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+#include <dsound.h>
+
+namespace sn_internal {
+
+/// Locked memory of a buffer, in up to two regions.
+class CBufferLock {
+public:
+    struct SRegion {
+        unsigned char* bytes = nullptr;
+        DWORD size = 0;
+    };
+
+    /// A lost buffer is restored once; onRestored is called before it is locked again, because what
+    /// it held is undefined then.
+    template <class F>
+    CBufferLock(IDirectSoundBuffer& buffer, DWORD offset, DWORD size, F&& onRestored)
+        : Buffer(buffer) {
+        HRESULT result = lock(offset, size);
+        if (result == DSERR_BUFFERLOST && SUCCEEDED(Buffer.Restore())) {
+            onRestored();
+            result = lock(offset, size);
+        }
+        Locked = SUCCEEDED(result);
+    }
+    CBufferLock(const CBufferLock&) = delete;
+    CBufferLock& operator=(const CBufferLock&) = delete;
+    ~CBufferLock() { unlock(); }
+
+    bool isLocked() const { return Locked; }
+
+    /// 0 and 1. Where the second region is not needed it is empty.
+    const SRegion& getRegion(int index) const { return Regions[index]; }
+
+    /// Returns whether the memory was given back.
+    bool unlock() {
+        if (!Locked) {
+            return true;
+        }
+        Locked = false;
+        return SUCCEEDED(
+            Buffer.Unlock(Regions[0].bytes, Regions[0].size, Regions[1].bytes, Regions[1].size));
+    }
+
+private:
+    HRESULT lock(DWORD offset, DWORD size) {
+        void* first = nullptr;
+        void* second = nullptr;
+        const HRESULT result =
+            Buffer.Lock(offset, size, &first, &Regions[0].size, &second, &Regions[1].size, 0);
+        Regions[0].bytes = static_cast<unsigned char*>(first);
+        Regions[1].bytes = static_cast<unsigned char*>(second);
+        return result;
+    }
+
+    IDirectSoundBuffer& Buffer;
+    SRegion Regions[2];
+    bool Locked = false;
+};
+
+} // namespace sn_internal

@@ -1,0 +1,59 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "drivers/directsound/CDirectSoundDeviceList.h"
+
+#include "core/no_throw.h"
+#include "core/shared_library.h"
+
+#include <cstdio>
+#include <string>
+
+#include <dsound.h>
+
+namespace sn_internal {
+namespace {
+
+using FEnumerate = HRESULT(WINAPI*)(LPDSENUMCALLBACKA, void*);
+
+std::string identifierOf(const GUID& guid) {
+    char text[24];
+    std::snprintf(text, sizeof(text), "%08x-%04x-%04x-", static_cast<unsigned>(guid.Data1),
+                  static_cast<unsigned>(guid.Data2), static_cast<unsigned>(guid.Data3));
+    std::string identifier = text;
+    for (int i = 0; i < 8; ++i) {
+        std::snprintf(text, sizeof(text), "%s%02x", i == 2 ? "-" : "",
+                      static_cast<unsigned>(guid.Data4[i]));
+        identifier += text;
+    }
+    return identifier;
+}
+
+} // namespace
+
+CDirectSoundDeviceList::CDirectSoundDeviceList(const char* enumerationFunction) {
+    Guids.push_back(GUID());
+    SSharedLibrary* const library = loadSharedLibrary("dsound.dll");
+    if (library == nullptr) {
+        return;
+    }
+    const auto enumerate = reinterpret_cast<FEnumerate>(findFunction(library, enumerationFunction));
+    if (enumerate != nullptr) {
+        enumerate(onDevice, this);
+    }
+}
+
+/// The platform's own primary entry has no GUID; the default record stands for it. Called from C.
+BOOL CALLBACK CDirectSoundDeviceList::onDevice(GUID* guid, const char* description, const char*,
+                                               void* list) {
+    if (guid != nullptr) {
+        auto& devices = *static_cast<CDirectSoundDeviceList*>(list);
+        withoutExceptions([&] {
+            devices.Guids.push_back(*guid);
+            devices.addDevice(identifierOf(*guid).c_str(), description);
+        });
+    }
+    return TRUE;
+}
+
+} // namespace sn_internal

@@ -1,0 +1,23 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+#include "drivers/directsound/CDirectSoundEngine.h"
+
+namespace sn_internal {
+
+/// Plays through DirectSound 8.
+class CSonimbraDS8SoundEngine final : public CDirectSoundEngine {
+public:
+    CSonimbraDS8SoundEngine(io::IFileSystem* fileSystem, int options, const char* deviceID);
+    ~CSonimbraDS8SoundEngine() override { shutDownDriver(); }
+
+private:
+    sonimbra::ISound* createStatic(const SDirectSoundSoundArguments& arguments,
+                                   CSonimbraBufferedSamples* samples) override;
+    sonimbra::ISound* createStreamed(const SDirectSoundSoundArguments& arguments,
+                                     sonimbra::IAudioStream* stream) override;
+};
+
+} // namespace sn_internal
