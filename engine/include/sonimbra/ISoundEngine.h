@@ -155,9 +155,9 @@ public:
     virtual void setDopplerEffectParameters(float dopplerFactor = 1.0f,
                                             float distanceFactor = 1.0f) = 0;
 
-    /// Loads the plug-in libraries of a folder (UTF-8); see docs/writing_a_plugin.md. Returns whether
-    /// the folder could be entered, false for null; what became of each library stands in the log.
-    /// The process's working folder changes during the call.
+    /// Loads the plug-in libraries of a folder (UTF-8); see docs/writing_a_plugin.md. Returns
+    /// whether the folder could be entered, false for null; what became of each library stands in
+    /// the log. The process's working folder changes during the call.
     virtual bool loadPlugins(const char* path) = 0;
 
     /// Five pointers with the driver's native handles, owned by the engine; null where a driver has
