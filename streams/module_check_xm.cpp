@@ -11,7 +11,7 @@ namespace sn_internal {
 namespace {
 
 constexpr std::uint16_t LinearSlidesFlag = 1;
-constexpr std::uint16_t HighestTempo = 1024; // 255 by the format; each tick costs work
+constexpr std::uint16_t HighestTempo = 255; // the player keeps its lowest byte
 constexpr std::uint32_t MostChannels = 64;
 constexpr std::uint32_t MostSamplesPerInstrument = 16;
 

@@ -34,6 +34,7 @@ const Bytes Rate = {0xab, 0x20, 0, 0};
 const SHostile Refused[] = {
     {"MOD: eight channels by pairs", modFile, 1080, {'M', '.', 'K', '.'}, {'F', 'L', 'T', '8'}},
     {"XM: tempo 0", xmFile, 78, {125}, {0}},
+    {"XM: tempo 256", xmFile, 78, {125, 0}, {0, 1}},
     {"XM: a note over the pattern's end", xmFile, InstrumentXM - 1, {0x80}, {0x81}},
     {"XM: a note that no sample is for", xmFile, PatternXM + 9 + 1, {49}, {98}},
     {"XM: a note ended without its instrument", xmFile, PatternXM + 9 + 1, {49, 1}, {97, 2}},
