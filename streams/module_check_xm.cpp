@@ -122,19 +122,21 @@ std::uint32_t readSampleHeader(io::CBufferedReader& file, SModuleTraits& traits)
 }
 
 /// What DUMB looks at between an instrument's name and its samples. Where it refuses an instrument
-/// itself, it forgets to release the samples of those before.
+/// itself, it forgets to release the samples of those before. A note that goes over to an
+/// instrument with fewer nodes makes it search behind them; only times below the largest that it
+/// can find in the instrument, about 24000 ticks, keep it there.
 bool checkSettings(io::CBufferedReader& file) {
     constexpr std::uint32_t sampleHeaderSize = 40;
     constexpr int mostNodes = 12;
-    constexpr std::uint16_t highestNode = 64;
+    constexpr std::uint16_t latestNode = 0x4000, highestNode = 64;
     const bool isKnownSize = file.readUint32() == sampleHeaderSize;
     file.skip(96); // the sample of each note
     int nodesInRange[2] = {};
     for (int& count : nodesInRange) {
         bool isInRange = true;
         for (int node = 0; node < mostNodes; ++node) {
-            file.skip(2); // the time
-            isInRange = file.readUint16() <= highestNode && isInRange;
+            const bool isInTime = file.readUint16() < latestNode;
+            isInRange = file.readUint16() <= highestNode && isInTime && isInRange;
             count += isInRange;
         }
     }

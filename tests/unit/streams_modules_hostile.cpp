@@ -68,6 +68,7 @@ TEST(HostileModules, AreRefused) {
 /// DUMB does not release the first instrument's sample; the leak sanitizer looks on.
 TEST(HostileModules, LeaveNothingBehind) {
     constexpr std::size_t instrumentCount = 72, vibratoShape = 235, headerSize = 29, nodes = 225;
+    constexpr std::size_t nodeTime = 129;
     const Bytes one = patched(xmFile(), instrumentCount, {2});
     const Bytes second(one.begin() + InstrumentXM, one.end());
     const auto followedBy = [&](const Bytes& instrument) {
@@ -79,6 +80,9 @@ TEST(HostileModules, LeaveNothingBehind) {
     EXPECT_FALSE(open(followedBy(patched(second, vibratoShape, {4}))));
     EXPECT_FALSE(open(followedBy(patched(second, headerSize, {41}))));
     EXPECT_FALSE(open(followedBy(patched(second, nodes, {13, 0, 0, 0, 0, 0, 0, 0, 1}))));
+    const Bytes oneNode = patched(second, nodes, {1, 0, 0, 0, 0, 0, 0, 0, 1});
+    EXPECT_TRUE(open(followedBy(oneNode)));
+    EXPECT_FALSE(open(followedBy(patched(oneNode, nodeTime, {0, 0x40}))));
 }
 
 } // namespace
