@@ -107,7 +107,8 @@ int CSonimbraALSADevice::recover(long interruption) {
             return result;
         }
     }
-    return snd_pcm_prepare(PCM);
+    const int result = snd_pcm_prepare(PCM);
+    return result < 0 ? result : StartsAfresh;
 }
 
 } // namespace sn_internal

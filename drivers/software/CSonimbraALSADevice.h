@@ -42,9 +42,11 @@ public:
 
     /// Whether recover() can help after this error.
     static bool isInterruption(long error) { return error == -EPIPE || error == -ESTRPIPE; }
-    /// After an underrun or a suspension: makes the device ready to be fed again. -EAGAIN when it
-    /// is not awake yet and has to be asked again.
+    /// After an underrun or a suspension: makes the device ready to be fed again. Returns 0 when it
+    /// goes on with what is queued, and StartsAfresh when its queue is empty and it plays only once
+    /// whole blocks have filled it. -EAGAIN when it is not awake yet and has to be asked again.
     int recover(long interruption);
+    static constexpr int StartsAfresh = 1;
 
 private:
     int configureHardware(const SALSAQueue& queue);

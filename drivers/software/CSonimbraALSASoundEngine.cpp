@@ -93,7 +93,7 @@ void CSonimbraALSASoundEngine::feedDevice() {
     for (const bool isFirstTry : {true, false}) {
         long result = fillQueue();
         if (CSonimbraALSADevice::isInterruption(result)) {
-            result = isFirstTry ? Device.recover(result) : -EAGAIN;
+            result = isFirstTry ? recover(result) : -EAGAIN;
             if (result == 0) {
                 continue;
             }
@@ -103,6 +103,15 @@ void CSonimbraALSASoundEngine::feedDevice() {
         }
         return;
     }
+}
+
+/// The rest of a block would keep whole ones from filling an empty queue, which would never start.
+long CSonimbraALSASoundEngine::recover(long interruption) {
+    const int result = Device.recover(interruption);
+    if (result == CSonimbraALSADevice::StartsAfresh && UnwrittenFrames < OutputBufferFrames) {
+        UnwrittenFrames = 0;
+    }
+    return std::min(result, 0);
 }
 
 /// Returns 0, or the error that kept the queue from being filled.

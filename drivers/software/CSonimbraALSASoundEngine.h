@@ -36,6 +36,7 @@ private:
     bool reportStartError(const char* context, int result) const;
     void refillQueue();
     void feedDevice();
+    long recover(long interruption);
     long fillQueue();
     long writeBuffer();
     void loseDevice(long error);
