@@ -19,6 +19,12 @@ int callsUntilFailure(F&&... calls) {
     return std::min(result, 0);
 }
 
+/// A signal that interrupts a call says nothing about the device.
+template <class T>
+T again(T result) {
+    return result == -EINTR ? -EAGAIN : result;
+}
+
 } // namespace
 
 int CSonimbraALSADevice::open(const char* pcmName) {
@@ -88,26 +94,30 @@ void CSonimbraALSADevice::close() {
 /// A device that has run dry without stopping reports more than its buffer holds.
 long CSonimbraALSADevice::getRoom() {
     const CSonimbraALSAErrors quiet;
-    const long available = snd_pcm_avail(PCM);
+    const long available = again(snd_pcm_avail(PCM));
     const long unused = BufferFrames - QueueFrames;
     return available < 0 ? available : std::clamp(available - unused, 0L, QueueFrames);
 }
 
 long CSonimbraALSADevice::write(const std::int16_t* frames, long frameCount) {
     const CSonimbraALSAErrors quiet;
-    const long taken = snd_pcm_writei(PCM, frames, static_cast<snd_pcm_uframes_t>(frameCount));
-    return taken == -EAGAIN || taken == -EINTR ? 0 : taken;
+    const long taken =
+        again(snd_pcm_writei(PCM, frames, static_cast<snd_pcm_uframes_t>(frameCount)));
+    return taken == -EAGAIN ? 0 : taken;
 }
 
 int CSonimbraALSADevice::recover(long interruption) {
     const CSonimbraALSAErrors quiet;
     if (interruption == -ESTRPIPE) {
-        const int result = snd_pcm_resume(PCM);
+        const int result = again(snd_pcm_resume(PCM));
         if (result == 0 || result == -EAGAIN) {
             return result;
         }
     }
-    const int result = snd_pcm_prepare(PCM);
+    const int result = again(snd_pcm_prepare(PCM));
+    if (result == -ESTRPIPE) { // fell asleep in between
+        return -EAGAIN;
+    }
     return result < 0 ? result : StartsAfresh;
 }
 

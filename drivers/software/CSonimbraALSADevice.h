@@ -35,7 +35,7 @@ public:
     /// Drops what is queued.
     void close();
 
-    /// Frames until the queue is full.
+    /// Frames until the queue is full. -EAGAIN when that cannot be told at the moment.
     long getRoom();
     /// Returns the frames that the device took: 0 when it takes none at the moment.
     long write(const std::int16_t* frames, long frameCount);
