@@ -6,20 +6,24 @@
 #include "io/CBufferedReader.h"
 
 #include <cstdint>
+#include <vector>
 
 namespace sn_internal {
 
 enum class E_MODULE_KIND { MOD, XM, S3M, IT };
 
-/// What a module's headers say about the pitches that it can reach; see module_rehearsal.h.
+/// What a module's file says about the pitches that it can reach; see module_rehearsal.h.
 struct SModuleTraits {
     bool hasLinearSlides = false;
-    std::uint32_t slowestSample = UINT32_MAX; ///< frames a second at the middle C of the format
+    bool hasPitchEnvelopes = false;
+    std::uint32_t channelCount = 0;           ///< where voices can be
+    std::uint32_t slowestSample = UINT32_MAX; ///< frames a second at DUMB's middle C
     std::uint32_t fastestSample = 0;
-    std::uint32_t shortestLoop = UINT32_MAX; ///< in frames
-    std::uint32_t channelCount = 0;          ///< where voices can be
+    std::vector<std::uint32_t> loops; ///< of each sample the shortest one in frames; 0 for none
 
+    /// Every sample is told, in the order of the file: those without data by addNoSample().
     void addSample(std::uint32_t rate, std::uint32_t loopLength);
+    void addNoSample() { loops.push_back(0); }
 };
 
 /// Decides before DUMB sees it whether a module may be read as the given kind. DUMB trusts its

@@ -15,7 +15,11 @@ constexpr std::uint32_t MostVoices = 256;     // 64 channels, and notes that sou
 constexpr std::uint16_t LinearSlidesFlag = 8;
 constexpr std::uint16_t NewInstrumentsVersion = 0x200;
 constexpr std::uint8_t MostEnvelopeNodes = 25;
-constexpr unsigned HasEffect = 8; // in the mask of a pattern's entry
+
+// The mask of a pattern's entry.
+constexpr unsigned HasNote = 1;
+constexpr unsigned HasEffect = 8;
+constexpr unsigned HasLastNote = 16;
 
 // Flags of a sample.
 constexpr unsigned Exists = 1;
@@ -65,18 +69,54 @@ bool seekTo(io::CBufferedReader& file, std::uint32_t offset) {
     return offset <= INT32_MAX && file.seek(static_cast<std::int32_t>(offset));
 }
 
-/// DUMB releases differ in whether they bound the nodes that they store.
-bool checkEnvelopes(io::CBufferedReader& file, std::uint32_t instrument) {
-    constexpr std::uint32_t firstNodeCount = 305;
+/// DUMB releases differ in whether they bound the nodes that they store. The third envelope moves
+/// the pitch, by half semitones of which the format allows 32.
+bool checkEnvelopes(io::CBufferedReader& file, std::uint32_t instrument, SModuleTraits& traits) {
+    constexpr std::uint32_t firstEnvelope = 304;
     constexpr std::uint32_t envelopeSize = 82;
-    for (std::uint32_t i = 0; i < 3; ++i) {
-        if (!seekTo(file, instrument + firstNodeCount + i * envelopeSize) ||
-            file.readUint8() > MostEnvelopeNodes) {
+    constexpr std::uint32_t pitch = 2;
+    constexpr int largestBend = 32;
+    for (std::uint32_t i = 0; i <= pitch; ++i) {
+        if (!seekTo(file, instrument + firstEnvelope + i * envelopeSize)) {
+            return false;
+        }
+        const bool bends = (file.readUint8() & 1) != 0 && i == pitch;
+        const int nodeCount = file.readUint8();
+        traits.hasPitchEnvelopes = traits.hasPitchEnvelopes || bends;
+        file.skip(4); // loops
+        for (int node = 0; node < nodeCount && bends; ++node) {
+            const auto bend = static_cast<std::int8_t>(file.readUint8());
+            file.skip(2); // the time
+            if (bend < -largestBend || bend > largestBend) {
+                return false;
+            }
+        }
+        if (nodeCount > MostEnvelopeNodes) {
             return false;
         }
     }
     return true;
 }
+
+/// What ends a note more than once. DUMB goes on in the second loop of a sample from where the
+/// first one would have come to, at each end anew, and twice as far each time.
+class CNoteEnds {
+public:
+    void add(unsigned channel, std::uint8_t note) {
+        constexpr std::uint8_t noteCount = 120, noteOff = 255;
+        if (note == noteOff) {
+            Most = std::max(Most, ++Run[channel]);
+        } else if (note < noteCount) {
+            Run[channel] = 0;
+        }
+    }
+    /// In the order of the file; far more than a tracker's user has a reason for.
+    bool areMany() const { return Most > 8; }
+
+private:
+    int Run[64] = {}; // ends since the channel's last note
+    int Most = 0;
+};
 
 struct SSample {
     unsigned flags;
@@ -118,6 +158,14 @@ SSample readSample(io::CBufferedReader& file) {
           &SSample::heldLoopStart, &SSample::heldLoopEnd, &SSample::offset}) {
         sample.*field = file.readUint32();
     }
+    if ((sample.flags & IsStereo) != 0) {
+        // DUMB counts the frames of stereo samples twice in the file.
+        for (std::uint32_t SSample::*field :
+             {&SSample::length, &SSample::loopStart, &SSample::loopEnd, &SSample::rate,
+              &SSample::heldLoopStart, &SSample::heldLoopEnd}) {
+            sample.*field /= 2;
+        }
+    }
     return sample;
 }
 
@@ -125,6 +173,7 @@ SSample readSample(io::CBufferedReader& file) {
 /// real encoders come nowhere near half of that.
 bool checkSample(const SSample& sample, SModuleTraits& traits, CSampleDataCheck& data) {
     if ((sample.flags & Exists) == 0 || sample.length == 0) {
+        traits.addNoSample();
         return true;
     }
     const bool isStereo = (sample.flags & IsStereo) != 0;
@@ -142,9 +191,10 @@ bool checkSample(const SSample& sample, SModuleTraits& traits, CSampleDataCheck&
 /// Walks the packed rows as DUMB does. An entry must not reach over the end, because DUMB would
 /// take what happens to lie behind. Nor may a row hold two entries for one channel: DUMB then
 /// writes a report into the current folder, and ends the process if it cannot.
-bool checkPatternData(const std::vector<std::uint8_t>& data) {
+bool checkPatternData(const std::vector<std::uint8_t>& data, CNoteEnds& ends) {
     static const std::uint8_t sizes[16] = {0, 1, 1, 2, 1, 2, 2, 3, 2, 3, 3, 4, 3, 4, 4, 5};
     std::uint8_t masks[64] = {};
+    std::uint8_t notes[64] = {};
     std::uint64_t named = 0; // channels with an entry in this row
     std::size_t at = 0;
     while (at < data.size()) {
@@ -157,7 +207,14 @@ bool checkPatternData(const std::vector<std::uint8_t>& data) {
         if ((what & 128) != 0 && at < data.size()) {
             masks[channel] = data[at];
         }
-        at += (what >> 7) + sizes[masks[channel] & 15];
+        at += what >> 7;
+        if ((masks[channel] & HasNote) != 0 && at < data.size()) {
+            notes[channel] = data[at];
+        }
+        if ((masks[channel] & (HasNote | HasLastNote)) != 0) {
+            ends.add(channel, notes[channel]);
+        }
+        at += sizes[masks[channel] & 15];
         if ((masks[channel] & HasEffect) != 0 && at <= data.size() &&
             data[at - 2] == KeyOffEffect) {
             return false;
@@ -171,11 +228,11 @@ bool checkPatternData(const std::vector<std::uint8_t>& data) {
     return at == data.size();
 }
 
-bool checkPattern(io::CBufferedReader& file) {
+bool checkPattern(io::CBufferedReader& file, CNoteEnds& ends) {
     const std::uint16_t size = file.readUint16();
     file.skip(2 + 4);
     std::vector<std::uint8_t> data(size);
-    return file.read(data.data(), size) == size && checkPatternData(data);
+    return file.read(data.data(), size) == size && checkPatternData(data, ends);
 }
 
 } // namespace
@@ -189,20 +246,27 @@ bool mayBeReadAsIT(io::CBufferedReader& file, SModuleTraits& traits) {
     const auto instruments = readOffsets(file, header.instrumentCount);
     const auto samples = readOffsets(file, header.sampleCount);
     const auto patterns = readOffsets(file, header.patternCount);
-    const auto hasSafeEnvelopes = [&](std::uint32_t offset) {
-        return !header.hasEnvelopes || checkEnvelopes(file, offset);
+    const auto isSafeInstrument = [&](std::uint32_t offset) {
+        return !header.hasEnvelopes || checkEnvelopes(file, offset, traits);
     };
     CSampleDataCheck data(file);
+    CNoteEnds ends;
+    bool hasTwoLoops = false;
     const auto isSafeSample = [&](std::uint32_t offset) {
-        return seekTo(file, offset) && checkSample(readSample(file), traits, data);
+        if (!seekTo(file, offset)) {
+            return false;
+        }
+        const SSample sample = readSample(file);
+        hasTwoLoops = hasTwoLoops || (sample.isLoopUsable() && sample.isHeldLoopUsable());
+        return checkSample(sample, traits, data);
     };
     const auto isSafePattern = [&](std::uint32_t offset) {
-        return offset == 0 || (seekTo(file, offset) && checkPattern(file));
+        return offset == 0 || (seekTo(file, offset) && checkPattern(file, ends));
     };
-    return std::all_of(instruments.begin(), instruments.end(), hasSafeEnvelopes) &&
+    return std::all_of(instruments.begin(), instruments.end(), isSafeInstrument) &&
            std::all_of(samples.begin(), samples.end(), isSafeSample) &&
-           std::all_of(patterns.begin(), patterns.end(), isSafePattern) && !file.hasFailed() &&
-           data.isPresent();
+           std::all_of(patterns.begin(), patterns.end(), isSafePattern) &&
+           !(hasTwoLoops && ends.areMany()) && !file.hasFailed() && data.isPresent();
 }
 
 } // namespace sn_internal

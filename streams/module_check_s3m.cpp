@@ -56,6 +56,7 @@ void checkSample(io::CBufferedReader& file, SModuleTraits& traits, CSampleDataCh
     const unsigned flags = file.readUint8();
     const std::uint32_t rate = file.readUint32();
     if (!isUsed || length == 0) {
+        traits.addNoSample();
         return;
     }
     const bool isLooped = (flags & loopFlag) != 0 && loopEnd <= length && loopStart < loopEnd;
@@ -67,30 +68,13 @@ void checkSample(io::CBufferedReader& file, SModuleTraits& traits, CSampleDataCh
                      isLooped ? loopEnd - loopStart : 0);
 }
 
-/// The channels that a pattern's row has named so far. The format allows each channel once in a
-/// row; a row that repeats them can hold thousands of effects.
-class CRowChannels {
-public:
-    /// Returns false when the channel (0 to 31) is named for the third time.
-    bool add(unsigned channel) {
-        const std::uint32_t bit = std::uint32_t(1) << channel;
-        const bool isThird = (Twice & bit) != 0;
-        Twice |= Once & bit;
-        Once |= bit;
-        return !isThird;
-    }
-    void nextRow() { *this = {}; }
-
-private:
-    std::uint32_t Once = 0;
-    std::uint32_t Twice = 0;
-};
-
+/// The format allows each channel once in a row; a row that repeats them can hold thousands of
+/// effects, and slide farther in one tick than the rehearsal can foresee.
 bool checkPattern(io::CBufferedReader& file) {
     static const std::uint8_t sizes[4] = {0, 2, 1, 3}; // of note and volume
     constexpr int rowCount = 64;
-    file.skip(2); // the size, which DUMB does not look at either
-    CRowChannels channels;
+    file.skip(2);            // the size, which DUMB does not look at either
+    std::uint32_t named = 0; // channels in this row
     for (int row = 0; row < rowCount;) {
         const std::uint8_t what = file.readUint8();
         if (file.hasFailed()) {
@@ -98,15 +82,17 @@ bool checkPattern(io::CBufferedReader& file) {
         }
         if (what >> 5 == 0) {
             ++row;
-            channels.nextRow();
+            named = 0;
             continue;
         }
         file.skip(sizes[what >> 5 & 3]);
         const bool hasEffect = (what & 128) != 0;
-        if (!channels.add(what & 31) || (hasEffect && file.readUint8() == KeyOffEffect) ||
+        const std::uint32_t channel = std::uint32_t(1) << (what & 31);
+        if ((named & channel) != 0 || (hasEffect && file.readUint8() == KeyOffEffect) ||
             !file.skip(hasEffect)) {
             return false;
         }
+        named |= channel;
     }
     return true;
 }

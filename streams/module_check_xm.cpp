@@ -39,7 +39,7 @@ bool readHeader(io::CBufferedReader& file, SHeader& header, SModuleTraits& trait
 }
 
 /// DUMB ends a note by looking at its channel's instrument, whether there is one of that number or
-/// not. It has no sample for notes above the highest but one.
+/// not. It has no sample for the notes from 98 to 120.
 class CNoteCheck {
 public:
     explicit CNoteCheck(const SHeader& header) : Header(header) {}
@@ -59,11 +59,13 @@ public:
         }
         return note <= noteOff || note > lastWithoutSample;
     }
+    /// DUMB counts whole rows, and takes what is left over as well.
+    void nextPattern() { Cell = 0; }
     bool isSafe() const { return (Lost & Ended) == 0; }
 
 private:
     const SHeader& Header;
-    std::uint32_t Cell = 0;  // every pattern has whole rows, or DUMB refuses it
+    std::uint32_t Cell = 0;
     std::uint64_t Lost = 0;  // channels that get a wrong instrument somewhere
     std::uint64_t Ended = 0; // channels in which notes are ended
 };
@@ -78,6 +80,7 @@ bool checkPattern(io::CBufferedReader& file, const SHeader& header, CNoteCheck& 
         file.read(data.data(), static_cast<std::int32_t>(size)) < static_cast<std::int32_t>(size)) {
         return false;
     }
+    notes.nextPattern();
     std::uint32_t at = 0;
     while (at < size) {
         const unsigned mask = (data[at] & 0x80) != 0 ? data[at++] : 31;
@@ -105,8 +108,8 @@ std::uint32_t rateOf(std::int8_t relativeNote, std::int8_t finetune) {
 std::uint32_t readSampleHeader(io::CBufferedReader& file, SModuleTraits& traits) {
     constexpr unsigned loopBits = 3;
     const std::uint32_t byteCount = file.readUint32();
-    file.skip(4); // loop start
-    const std::uint32_t loopBytes = file.readUint32();
+    const std::uint64_t loopStart = file.readUint32();
+    const std::uint64_t loopEnd = loopStart + file.readUint32();
     file.skip(1); // volume
     const auto finetune = static_cast<std::int8_t>(file.readUint8());
     const unsigned type = file.readUint8();
@@ -115,8 +118,11 @@ std::uint32_t readSampleHeader(io::CBufferedReader& file, SModuleTraits& traits)
     file.skip(1 + 22);
     if (byteCount > 0) {
         const unsigned frameShift = (type >> 4 & 1) + (type >> 5 & 1); // 16 bits, stereo
-        const std::uint32_t loopLength = (type & loopBits) != 0 ? loopBytes >> frameShift : 0;
-        traits.addSample(rateOf(relativeNote, finetune), loopLength);
+        const std::uint64_t loopLength = (loopEnd >> frameShift) - (loopStart >> frameShift);
+        traits.addSample(rateOf(relativeNote, finetune),
+                         (type & loopBits) != 0 ? static_cast<std::uint32_t>(loopLength) : 0);
+    } else {
+        traits.addNoSample();
     }
     return byteCount;
 }

@@ -12,8 +12,8 @@ namespace {
 constexpr double UnitsPerSecond = 65536.0;
 constexpr double LongestTime = 60 * 60 * UnitsPerSecond;
 
-/// In units of about 30 nanoseconds.
-constexpr double MostWork = 1 << 26;
+/// In units of some 50 nanoseconds.
+constexpr double MostWork = 1 << 25;
 
 /// DUMB counts a voice's way through loops in 31 bits.
 constexpr double LongestWay = 1 << 30;
@@ -21,36 +21,19 @@ constexpr double LongestWay = 1 << 30;
 /// One tick lasts this many units divided by the tempo.
 constexpr std::int64_t TickUnits = 65536 * 60 / 24;
 
-/// Rates (source frames a second) that every voice has to keep to. DUMB counts source frames for
-/// each output frame in 16.16 fixed point; a count of 0 or of 2^31 is fatal. The limits are
-/// narrower by what one tick can change, because it is too late after the tick.
-struct SRateLimits {
-    double lowest;
-    double highest;
-};
+/// Source frames a second. What plays at 44100 frames a second stays below 2^31 then.
+constexpr double HighestRate = 1e9;
 
-SRateLimits limitsFor(const SModuleTraits& traits) {
-    // With linear slides a pitch stays within 128 semitones around the sample's own: only samples
-    // beyond these rates can come near the edges.
-    constexpr std::uint32_t slowSample = 2602;
-    constexpr std::uint32_t fastSample = 173000;
-    constexpr double usualHighest = 1e9;
-    // A loop is left frame by frame of its length.
-    constexpr double highestForLoopOfOne = 1 << 24;
-    SRateLimits limits = {16.0, usualHighest};
-    if (traits.hasLinearSlides) {
-        limits.lowest = traits.slowestSample < slowSample ? 8.0 : 1.0;
-        limits.highest = traits.fastestSample > fastSample ? double(1 << 28) : usualHighest;
-    }
-    limits.highest = std::min(limits.highest, traits.shortestLoop * highestForLoopOfOne);
-    return limits;
-}
+/// Without linear slides a voice can become ever slower, a little in each tick.
+constexpr double LowestRate = 16.0;
+
+/// DUMB leaves a loop by its length, as often as it takes.
+constexpr double HighestRateForLoopOfOne = 1 << 24;
 
 class CRehearsal {
 public:
     CRehearsal(DUH* module, const SModuleTraits& traits)
-        : Limits(limitsFor(traits)),
-          ShortestLoop(traits.shortestLoop),
+        : Traits(traits),
           ChannelCount(static_cast<int>(traits.channelCount)),
           // Without linear slides pitches rise without a limit of their own, to just below one that
           // fits at an eighth of the step.
@@ -71,7 +54,7 @@ public:
             beginTick();
             result.isSafe = watchVoices();
             goesOn = result.isSafe && playTick();
-            result.ends = Time < LongestTime && Work < MostWork;
+            result.ends = Time < LongestTime && Work < MostWork && Way < LongestWay;
         }
         result.length = static_cast<long>(Time);
         return result;
@@ -101,25 +84,37 @@ private:
     /// Looks at what sounds in the current tick; false when it must not go on.
     bool watchVoices() {
         double fastest = 0;
-        Work += 32;
+        Work += 16;
         for (int i = 0; i < ChannelCount; ++i) {
             DUMB_IT_CHANNEL_STATE state;
             dumb_it_sr_get_channel_state(Player, i, &state);
-            if (state.sample == 0) {
-                continue;
+            if (state.sample != 0) {
+                if (!watchVoice(state.freq, loopOf(state.sample))) {
+                    return false;
+                }
+                fastest = std::max(fastest, static_cast<double>(state.freq));
             }
-            if (state.freq < Limits.lowest || state.freq > Limits.highest) {
-                return false;
-            }
-            fastest = std::max(fastest, static_cast<double>(state.freq));
-            Work += 1 + state.freq / UnitsPerSecond * Units / ShortestLoop / 16;
         }
         Way += fastest * Units / UnitsPerSecond;
-        return Way < LongestWay;
+        return true;
     }
 
-    const SRateLimits Limits;
-    const double ShortestLoop;
+    bool watchVoice(double rate, std::uint32_t loop) {
+        Work += 1;
+        if (loop != 0) {
+            Work += rate / UnitsPerSecond * Units / loop / 8;
+        }
+        return rate >= (Traits.hasLinearSlides ? 1.0 : LowestRate) && rate <= HighestRate &&
+               (loop == 0 || rate <= loop * HighestRateForLoopOfOne);
+    }
+
+    /// Samples count from 1.
+    std::uint32_t loopOf(int sample) const {
+        const auto index = static_cast<std::size_t>(sample - 1);
+        return index < Traits.loops.size() ? Traits.loops[index] : 0;
+    }
+
+    const SModuleTraits& Traits;
     const int ChannelCount;
     const std::int64_t Step;
     DUH_SIGRENDERER* const Renderer;
