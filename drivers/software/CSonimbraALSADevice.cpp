@@ -85,8 +85,7 @@ int CSonimbraALSADevice::configureSoftware(const SALSAQueue& queue) {
 void CSonimbraALSADevice::close() {
     if (PCM != nullptr) {
         const CSonimbraALSAErrors quiet;
-        snd_pcm_drop(PCM);
-        snd_pcm_close(PCM);
+        snd_pcm_close(PCM); // a non-blocking one does not wait until the queue has been played
         PCM = nullptr;
     }
 }
@@ -115,9 +114,6 @@ int CSonimbraALSADevice::recover(long interruption) {
         }
     }
     const int result = again(snd_pcm_prepare(PCM));
-    if (result == -ESTRPIPE) { // fell asleep in between
-        return -EAGAIN;
-    }
     return result < 0 ? result : StartsAfresh;
 }
 

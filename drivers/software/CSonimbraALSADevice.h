@@ -18,8 +18,13 @@ struct SALSAQueue {
     std::int32_t queueFrames; ///< a multiple of blockFrames
 };
 
-/// An ALSA PCM that plays. Nothing here waits for the device. What returns a number returns ALSA's
-/// negative error code when it fails. To be used by one thread at a time.
+/// An ALSA PCM that plays. What returns a number returns ALSA's negative error code when it fails.
+/// To be used by one thread at a time.
+///
+/// Nothing here waits until the device has room or has played something. A PCM behind which a sound
+/// server stands asks that server, though, when it is opened, configured, recovered or closed: with
+/// one that hangs each may take as long as its client library is patient, which can be half a
+/// minute. getRoom and write do not ask it.
 class CSonimbraALSADevice {
 public:
     CSonimbraALSADevice() = default;

@@ -15,6 +15,7 @@ namespace sn_internal {
 namespace {
 
 constexpr std::chrono::seconds RetryInterval(1);
+constexpr std::chrono::seconds StallLimit(2);
 
 /// The PCM's name and what ALSA says about the error.
 std::string errorHint(const std::string& pcmName, long error) {
@@ -88,21 +89,29 @@ void CSonimbraALSASoundEngine::refillQueue() {
     IsRefilling = false;
 }
 
-/// A device that is interrupted twice in one update has to wait for the next.
 void CSonimbraALSASoundEngine::feedDevice() {
-    for (const bool isFirstTry : {true, false}) {
-        long result = fillQueue();
-        if (CSonimbraALSADevice::isInterruption(result)) {
-            result = isFirstTry ? recover(result) : -EAGAIN;
-            if (result == 0) {
-                continue;
-            }
-        }
-        if (result < 0 && result != -EAGAIN) {
-            loseDevice(result);
-        }
-        return;
+    const std::int64_t takenBefore = TakenFrames;
+    const long error = fillQueueOrRecover();
+    if (error < 0 && error != -EAGAIN) {
+        loseDevice(error);
+    } else if (TakenFrames != takenBefore) {
+        StalledSince.reset();
+        welcomeDevice();
+    } else if (hasStalled()) {
+        loseDevice(-ETIMEDOUT);
     }
+}
+
+/// A device that is interrupted twice in one update has to wait for the next.
+long CSonimbraALSASoundEngine::fillQueueOrRecover() {
+    long result = fillQueue();
+    if (CSonimbraALSADevice::isInterruption(result)) {
+        result = recover(result);
+        if (result == 0) {
+            result = fillQueue();
+        }
+    }
+    return CSonimbraALSADevice::isInterruption(result) ? -EAGAIN : result;
 }
 
 /// The rest of a block would keep whole ones from filling an empty queue, which would never start.
@@ -140,26 +149,57 @@ long CSonimbraALSASoundEngine::writeBuffer() {
     const long taken = Device.write(Samples + OutputChannels * begin, UnwrittenFrames);
     if (taken > 0) {
         UnwrittenFrames -= static_cast<std::int32_t>(taken);
+        TakenFrames += taken;
     }
     return taken;
 }
 
+/// For an update in which the device took nothing. One that plays takes something many times a
+/// second; a hung sound server never does, and reports no error either.
+bool CSonimbraALSASoundEngine::hasStalled() {
+    const CClock::time_point now = CurrentTime();
+    StalledSince = StalledSince.value_or(now);
+    return now - *StalledSince >= StallLimit;
+}
+
+/// A new try has worked when the device took more than its queue holds: it plays.
+void CSonimbraALSASoundEngine::welcomeDevice() {
+    if (IsLost && TakenFrames > BufferCount * OutputBufferFrames) {
+        IsLost = false;
+        logTextWithHint("ALSA device is back", PCMName.c_str());
+    }
+}
+
+/// A new try that does not come to play goes without a message.
 void CSonimbraALSASoundEngine::loseDevice(long error) {
+    const CClock::time_point begin = IsLost ? TryBegin : CurrentTime();
     Device.close();
     UnwrittenFrames = 0;
     MixedUntil = CurrentTime();
-    NextTry = MixedUntil + RetryInterval;
-    logTextWithHint("ALSA device lost, playing on without it", errorHint(PCMName, error).c_str());
+    scheduleNextTry(begin);
+    if (!IsLost) {
+        IsLost = true;
+        logTextWithHint("ALSA device lost, playing on without it",
+                        errorHint(PCMName, error).c_str());
+    }
 }
 
 void CSonimbraALSASoundEngine::tryDeviceAgain() {
     if (Device.isOpen() || CurrentTime() < NextTry) {
         return;
     }
-    if (openDevice()) {
-        logTextWithHint("ALSA device is back", PCMName.c_str());
+    TryBegin = CurrentTime();
+    TakenFrames = 0;
+    StalledSince.reset();
+    if (!openDevice()) {
+        scheduleNextTry(TryBegin);
     }
-    NextTry = CurrentTime() + RetryInterval;
+}
+
+/// What began then and did not work may take as long again: it gets a small share of the time.
+void CSonimbraALSASoundEngine::scheduleNextTry(CClock::time_point begin) {
+    const CClock::time_point now = CurrentTime();
+    NextTry = now + std::max<CClock::duration>(RetryInterval, 10 * (now - begin));
 }
 
 /// Mixes into nothing what time has passed for, at most what a device's queue holds.

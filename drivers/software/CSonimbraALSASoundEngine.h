@@ -7,14 +7,16 @@
 #include "drivers/software/CSonimbraSoftwareSoundEngine.h"
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 namespace sn_internal {
 
 /// Plays the software mixer's stream through an ALSA PCM, whose queue each update fills up.
 ///
-/// A device that is lost while the engine plays is tried again once a second. Until it is back a
-/// clock takes its place: sounds go on and end as if they were heard.
+/// A device that fails while the engine plays, or takes nothing for two seconds, is lost. It is
+/// tried again once a second, or less often when a try takes long, because a try keeps the engine's
+/// lock. Until it is back a clock takes its place: sounds go on and end as if they were heard.
 class CSonimbraALSASoundEngine final : public CSonimbraSoftwareSoundEngine {
 public:
     using CClock = std::chrono::steady_clock;
@@ -36,11 +38,15 @@ private:
     bool reportStartError(const char* context, int result) const;
     void refillQueue();
     void feedDevice();
+    long fillQueueOrRecover();
     long recover(long interruption);
     long fillQueue();
     long writeBuffer();
+    bool hasStalled();
+    void welcomeDevice();
     void loseDevice(long error);
     void tryDeviceAgain();
+    void scheduleNextTry(CClock::time_point begin);
     void feedClock();
 
     const CTimeFunction CurrentTime;
@@ -50,8 +56,12 @@ private:
     bool IsRefilling = false;
     std::int16_t Samples[OutputChannels * OutputBufferFrames] = {};
     std::int32_t UnwrittenFrames = 0; ///< at the end of Samples
+    std::int64_t TakenFrames = 0;     ///< by the device since it was opened
+    bool IsLost = false;              ///< until a new try plays
+    CClock::time_point TryBegin;      ///< of the last try for a lost device
     CClock::time_point NextTry;       ///< for a lost device
     CClock::time_point MixedUntil;    ///< while the device is lost
+    std::optional<CClock::time_point> StalledSince;
 };
 
 } // namespace sn_internal
