@@ -21,6 +21,7 @@ RATE = 44100
 AMPLITUDE = 0.5
 FULL_SCALE = 32767
 LONGEST_GAP = RATE * 5 // 1000
+LONGEST_LOSS = RATE * 50 // 1000
 # What starts a program so that other programs do not keep it waiting; may be empty.
 REALTIME = os.environ.get("SONIMBRA_REALTIME", "").split()
 
@@ -46,6 +47,14 @@ def write_tone(path, rate=RATE, seconds=0.6, pitches=(440,), sample_bytes=2):
         writer.writeframes(
             b"".join(encode(AMPLITUDE * value, sample_bytes) for frame in frames for value in frame)
         )
+
+
+def write_count(path, frames):
+    """Mono frames that count 0, 1, 2, ..., so that each tells its own place."""
+    with wave.open(str(path), "wb") as writer:
+        writer.setparams((1, 2, RATE, 0, "NONE", ""))
+        numbers = array.array("H", (index % 65536 for index in range(frames)))
+        writer.writeframes(numbers.tobytes())
 
 
 class Recorder:
@@ -123,6 +132,23 @@ def hear(samples):
     return Tone(len(sounding) / RATE, pitch_of(middle), level, longest_zero_run(sounding))
 
 
+def follow_count(samples, first):
+    """Follows a count of frames. Returns the last one, and the tenths of a second where silence
+    broke in, after which some frames may be missing; any other gap or repeat is a failure."""
+    frame, silence, broken = first - 1, 0, set()
+    for sample in samples:
+        if sample == 0:
+            silence += 1
+            continue
+        step = (sample - frame) % 65536
+        if silence > 1:
+            broken.add(max(frame, 0) * 10 // RATE)
+        if step > 1 + LONGEST_LOSS if silence > 1 else step != 1 + silence:
+            raise AssertionError(f"frame {frame} and {silence} frames of silence, then {step} on")
+        frame, silence = frame + step, 0
+    return frame, broken - {max(first - 1, 0) * 10 // RATE}
+
+
 @dataclass
 class Expected:
     pitch: float = 440.0
@@ -130,8 +156,8 @@ class Expected:
     seconds: float = 0.6
 
 
-class PlayerTest(unittest.TestCase):
-    """What every output driver has to pass. A driver's own class says how the player is started."""
+class ListeningTest(unittest.TestCase):
+    """Plays and listens. A derived class says how the player is started."""
 
     needed_variables = ("SONIMBRA_PLAYER",)
 
@@ -153,8 +179,8 @@ class PlayerTest(unittest.TestCase):
         self.folder = tempfile.TemporaryDirectory(prefix="sonimbra-sound.")
         self.addCleanup(self.folder.cleanup)
 
-    def play(self, file, options):
-        """Plays the file and returns what the left and the right channel received."""
+    def record(self, file, options):
+        """Plays the file and returns the samples that the left and the right channel received."""
         begin = self.recorder.position()
         result = subprocess.run(
             [*REALTIME, *self.command(file, options)],
@@ -166,41 +192,79 @@ class PlayerTest(unittest.TestCase):
             timeout=60,
         )
         if result.returncode > 0:
-            # No assertion: check() does not repeat it.
+            # No assertion: it is not repeated.
             raise RuntimeError(f"exit code {result.returncode}: {result.stdout}{result.stderr}")
         self.assertEqual(result.returncode, 0, "the player was ended by a signal")
-        return tuple(hear(channel) for channel in self.recorder.channels_since(begin))
+        self.printed = result.stdout
+        return self.recorder.channels_since(begin)
+
+    def play(self, file, options):
+        """Plays the file and measures what the left and the right channel received."""
+        return tuple(hear(channel) for channel in self.record(file, options))
 
     def check_channel(self, tone, expected):
         if expected is None:
             self.assertIsNone(tone, "the channel sounds")
             return
         self.assertIsNotNone(tone, "the channel is silent")
-        self.assertLessEqual(tone.longest_gap, LONGEST_GAP, "the tone has a hole")
-        self.assertAlmostEqual(tone.pitch, expected.pitch, delta=expected.pitch * 0.005)
-        self.assertAlmostEqual(tone.level, expected.level, delta=expected.level * 0.04)
-        self.assertAlmostEqual(tone.seconds, expected.seconds, delta=0.06)
+        self.assertLessEqual(tone.longest_gap, LONGEST_GAP, f"the tone has a hole: {tone}")
+        self.assertAlmostEqual(tone.pitch, expected.pitch, delta=expected.pitch * 0.005, msg=tone)
+        self.assertAlmostEqual(tone.level, expected.level, delta=expected.level * 0.04, msg=tone)
+        self.assertAlmostEqual(tone.seconds, expected.seconds, delta=0.06, msg=tone)
 
-    def check(self, options, left, right, name="tone.wav", **tone):
-        """Plays a tone and compares both channels.
+    def repeat(self, check):
+        """Does a check up to three times.
 
         A busy machine may starve the sound server for some milliseconds, which sounds the same as
         a fault of the driver, and Wine itself may die of a signal when a program ends (a fault of
         the program comes back as an exit code). Only a fault is there each time.
         """
-        file = Path(self.folder.name) / name
-        write_tone(file, **tone)
         for attempts_left in (2, 1, 0):
-            heard = None
             try:
-                heard = self.play(file, options)
-                self.check_channel(heard[0], left)
-                self.check_channel(heard[1], right)
+                check()
                 return
             except AssertionError as failure:
                 if attempts_left == 0:
                     raise
-                print(f"heard {heard}: {failure}; playing again", flush=True)
+                print(f"{failure}; playing again", flush=True)
+
+    def check(self, options, left, right, name="tone.wav", **tone):
+        """Plays a tone and compares both channels."""
+        file = Path(self.folder.name) / name
+        write_tone(file, **tone)
+
+        def compare():
+            heard = self.play(file, options)
+            self.check_channel(heard[0], left)
+            self.check_channel(heard[1], right)
+
+        self.repeat(compare)
+
+    def check_count(self, options, first, seconds):
+        """Plays a count from a frame on, with --loop, and checks that it is heard without a break.
+
+        Silence that the sound server lets in is not at the same place in each try.
+        """
+        file = Path(self.folder.name) / "count.wav"
+        write_count(file, 2 * 65536)  # the loop counts on, too
+        always_broken = None
+
+        def follow():
+            nonlocal always_broken
+            left, right = self.record(file, ["--loop", "--seconds", str(seconds), *options])
+            self.assertEqual(left, right)
+            last, broken = follow_count(left, first)
+            self.assertAlmostEqual((last - first) / RATE, seconds, delta=0.5)
+            always_broken = broken if always_broken is None else always_broken & broken
+            self.assertFalse(always_broken, "tenths of a second with silence")
+
+        self.repeat(follow)
+
+
+class PlayerTest(ListeningTest):
+    """What every output driver has to pass."""
+
+    half_volume_level = AMPLITUDE / 2  # what --volume 0.5 makes of the tone
 
     def test_mono_sounds_on_both_channels(self):
         self.check([], Expected(), Expected())
@@ -209,7 +273,7 @@ class PlayerTest(unittest.TestCase):
         self.check([], Expected(pitch=330), Expected(pitch=550), rate=22050, pitches=(330, 550))
 
     def test_volume_scales_the_level(self):
-        half = Expected(level=AMPLITUDE / 2)
+        half = Expected(level=self.half_volume_level)
         self.check(["--volume", "0.5"], half, half)
 
     def test_pan_silences_the_far_channel(self):
@@ -221,3 +285,16 @@ class PlayerTest(unittest.TestCase):
     def test_double_speed_doubles_pitch_and_halves_length(self):
         fast = Expected(pitch=880, seconds=0.3)
         self.check(["--speed", "2.0"], fast, fast)
+
+
+class WindowsPlayer:
+    """For a test: starts the Windows player under Wine, which SONIMBRA_WINE starts."""
+
+    needed_variables = ("SONIMBRA_PLAYER", "SONIMBRA_WINE")
+    driver = ()  # options
+
+    def program(self, *arguments):
+        return [os.environ["SONIMBRA_WINE"], os.environ["SONIMBRA_PLAYER"], *arguments]
+
+    def command(self, file, options):
+        return self.program(*self.driver, *options, "Z:" + str(file).replace("/", "\\"))
