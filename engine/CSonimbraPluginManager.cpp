@@ -11,33 +11,32 @@
 
 #include <sonimbra/export.h>
 
+#include <memory>
+
 namespace sn_internal {
 namespace {
 
 using PluginInit = void SONIMBRA_PLUGIN_CALL(sonimbra::ISoundEngine* engine, const char* version);
 
-/// Enters a folder for as long as it lives. A working folder whose name cannot be told is not left,
-/// because there would be no way back.
+/// Enters a folder for as long as it lives. The working folder is not left without a way back.
 class CVisit {
 public:
     CVisit(io::IFileSystem& fileSystem, const char* folder)
-        : FileSystem(fileSystem),
-          Start(fileSystem.getWorkingDirectory()),
-          HasEntered(Start.size() != 0 && fileSystem.changeWorkingDirectoryTo(folder)) {}
+        : Start(io::rememberWorkingDirectory()),
+          HasEntered(Start && fileSystem.changeWorkingDirectoryTo(folder)) {}
     ~CVisit() {
         if (HasEntered) {
-            FileSystem.changeWorkingDirectoryTo(Start.c_str());
+            Start->enter();
         }
     }
     CVisit(const CVisit&) = delete;
     CVisit& operator=(const CVisit&) = delete;
 
     bool hasEntered() const { return HasEntered; }
-    bool isElsewhere() const { return HasEntered && !(Start == FileSystem.getWorkingDirectory()); }
+    bool isElsewhere() const { return HasEntered && !Start->isCurrent(); }
 
 private:
-    io::IFileSystem& FileSystem;
-    const sonimbra::string<char> Start;
+    const std::unique_ptr<io::IRememberedDirectory> Start;
     const bool HasEntered;
 };
 

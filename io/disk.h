@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 
 namespace sn_internal::io {
 
@@ -37,6 +38,19 @@ constexpr std::uint32_t LongestExecutablePath = 1024;
 sonimbra::string<char> executablePath();
 
 bool enterDirectory(const char* directory);
+
+/// The folder that was the current one when this was made. It can be entered again however long its
+/// name is, and except on Windows whatever the name has become meanwhile.
+class IRememberedDirectory {
+public:
+    virtual ~IRememberedDirectory() = default;
+    virtual bool enter() const = 0;
+    /// Whether it is the current folder now.
+    virtual bool isCurrent() const = 0;
+};
+
+/// Null when there would be no way back to the current folder.
+std::unique_ptr<IRememberedDirectory> rememberWorkingDirectory();
 
 /// Makes a folder; true also when it exists already.
 bool makeDirectory(const char* directory);

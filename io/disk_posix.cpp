@@ -5,10 +5,11 @@
 
 #include <cerrno>
 #include <climits>
-#include <memory>
 #include <string>
+#include <utility>
 
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,6 +25,27 @@ const char* behindLastSeparator(const char* path) {
     }
     return name;
 }
+
+/// Opened as a place only: that needs no right to read the folder, as going back needs none.
+class CRememberedDirectory final : public IRememberedDirectory {
+public:
+    ~CRememberedDirectory() override {
+        if (Descriptor >= 0) {
+            close(Descriptor);
+        }
+    }
+
+    bool enter() const override { return fchdir(Descriptor) == 0; }
+    bool isCurrent() const override {
+        struct stat remembered = {};
+        struct stat current = {};
+        return fstat(Descriptor, &remembered) == 0 && stat(".", &current) == 0 &&
+               remembered.st_dev == current.st_dev && remembered.st_ino == current.st_ino;
+    }
+
+private:
+    const int Descriptor = open(".", O_PATH | O_DIRECTORY | O_CLOEXEC);
+};
 
 FileEntry describe(const char* name) {
     FileEntry entry;
@@ -75,6 +97,11 @@ sonimbra::string<char> executablePath() {
 
 bool enterDirectory(const char* directory) {
     return chdir(directory) == 0;
+}
+
+std::unique_ptr<IRememberedDirectory> rememberWorkingDirectory() {
+    auto folder = std::make_unique<CRememberedDirectory>();
+    return folder->enter() ? std::move(folder) : nullptr;
 }
 
 bool makeDirectory(const char* directory) {

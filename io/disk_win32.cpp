@@ -7,7 +7,8 @@
 
 #include <cerrno>
 #include <cstdlib>
-#include <memory>
+#include <cwchar>
+#include <utility>
 
 #include <direct.h>
 #include <io.h>
@@ -25,6 +26,24 @@ FileEntry describe(const _wfinddata_t& found) {
     entry.isDirectory = (found.attrib & _A_SUBDIR) != 0;
     return entry;
 }
+
+using CWideText = std::unique_ptr<wchar_t, void (*)(void*)>;
+
+CWideText workingDirectory() {
+    return CWideText(_wgetcwd(nullptr, 0), std::free);
+}
+
+class CRememberedDirectory final : public IRememberedDirectory {
+public:
+    bool enter() const override { return Name && _wchdir(Name.get()) == 0; }
+    bool isCurrent() const override {
+        const CWideText current = workingDirectory();
+        return Name && current && std::wcscmp(Name.get(), current.get()) == 0;
+    }
+
+private:
+    const CWideText Name = workingDirectory();
+};
 
 struct SPathParts {
     char drive[_MAX_DRIVE] = "";
@@ -62,7 +81,7 @@ std::int32_t measureDiskFile(std::FILE* file) {
 }
 
 bool readWorkingDirectory(char* buffer, std::uint32_t size) {
-    const std::unique_ptr<wchar_t, void (*)(void*)> folder(_wgetcwd(nullptr, 0), std::free);
+    const CWideText folder = workingDirectory();
     if (!folder) {
         buffer[0] = 0;
         return false;
@@ -80,6 +99,11 @@ sonimbra::string<char> executablePath() {
 
 bool enterDirectory(const char* directory) {
     return _wchdir(widened(directory).c_str()) == 0;
+}
+
+std::unique_ptr<IRememberedDirectory> rememberWorkingDirectory() {
+    auto folder = std::make_unique<CRememberedDirectory>();
+    return folder->enter() ? std::move(folder) : nullptr;
 }
 
 bool makeDirectory(const char* directory) {

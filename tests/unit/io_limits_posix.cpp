@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Zlib
 
 #include "io/CReadFile.h"
+#include "io/disk.h"
 #include "tests/support/CTemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +26,21 @@ TEST(FileLimits, FilesFrom2GiBOnAndPipesAreRefused) {
     const std::string pipe = folder.nameOf("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_FALSE(CReadFile(pipe.c_str()).isOpen()); // and does not wait for a writer
+}
+
+TEST(FileLimits, AFolderThatWasRenamedIsFoundAgain) {
+    const std::filesystem::path before = std::filesystem::current_path();
+    const sn_test::CTemporaryFolder folder;
+    std::filesystem::create_directory(folder.path() / "old");
+    std::filesystem::current_path(folder.path() / "old");
+    const auto remembered = sn_internal::io::rememberWorkingDirectory();
+    std::filesystem::rename(folder.path() / "old", folder.path() / "new");
+    EXPECT_TRUE(remembered->isCurrent());
+    std::filesystem::current_path(folder.path());
+    EXPECT_FALSE(remembered->isCurrent());
+    EXPECT_TRUE(remembered->enter());
+    EXPECT_EQ(std::filesystem::current_path(), folder.path() / "new");
+    std::filesystem::current_path(before);
 }
 
 } // namespace
