@@ -12,6 +12,7 @@
 #include <sonimbra/export.h>
 
 #include <memory>
+#include <mutex>
 
 namespace sn_internal {
 namespace {
@@ -40,6 +41,12 @@ private:
     const bool HasEntered;
 };
 
+/// Recursive, because a plug-in may make an engine of its own, which searches as well.
+std::recursive_mutex& searchLock() {
+    static std::recursive_mutex lock;
+    return lock;
+}
+
 bool isPluginName(const sonimbra::string<char>& lowerCaseName) {
     return lowerCaseName.size() >= 8 && lowerCaseName.find("snp") == 0 &&
            lowerCaseName.find(SharedLibrarySuffix) >= 0;
@@ -57,6 +64,7 @@ CSonimbraPluginManager::CSonimbraPluginManager(sonimbra::ISoundEngine* engine,
 }
 
 void CSonimbraPluginManager::loadPluginsFromStartFolders() {
+    const std::lock_guard<std::recursive_mutex> lock(searchLock());
     const sonimbra::string<char> folder = FileSystem->getFileDir(io::executablePath().c_str());
     {
         const CVisit visit(*FileSystem.get(), folder.c_str());
@@ -68,6 +76,7 @@ void CSonimbraPluginManager::loadPluginsFromStartFolders() {
 }
 
 bool CSonimbraPluginManager::loadPlugins(const char* path) {
+    const std::lock_guard<std::recursive_mutex> lock(searchLock());
     const CVisit visit(*FileSystem.get(), path);
     if (visit.hasEntered()) {
         scanWorkingFolder();

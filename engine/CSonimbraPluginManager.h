@@ -15,8 +15,10 @@ namespace sn_internal {
 
 /// Finds plug-in libraries by their names, loads them and lets them register what they bring.
 ///
-/// An engine makes one for a single search, with its lock held: the search changes the process's
-/// working folder for a while.
+/// An engine makes one for a single search. The search changes the process's working folder for a
+/// while, so one at a time runs in the whole process. A caller that holds its engine's lock may
+/// wait for that: a search takes the lock of no engine but the one it is for, which its caller
+/// holds or nobody else has seen yet.
 class CSonimbraPluginManager final : public sonimbra::IRefCounted {
 public:
     /// The engine is what plug-ins are given; the manager keeps no reference to it.

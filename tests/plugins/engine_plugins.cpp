@@ -9,8 +9,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
 #include <set>
+#include <thread>
 
 namespace {
 
@@ -68,6 +70,22 @@ TEST_F(Plugins, AreLoadedFromAFolder) {
         EXPECT_EQ(linesOf([&] { EXPECT_TRUE(engine->loadPlugins("..")); }), Beside);
     }
     EXPECT_EQ(fs::current_path(), Elsewhere);
+}
+
+TEST_F(Plugins, AreSearchedByOneEngineAtATime) {
+    fs::current_path(ProgramFolder);
+    std::atomic<int> failures = 0;
+    const auto search = [&] {
+        const OfflineEngine engine = offlineEngine(0);
+        for (int i = 0; i < 200; ++i) {
+            failures += engine->loadPlugins("elsewhere") ? 0 : 1;
+        }
+    };
+    std::thread other(search);
+    search();
+    other.join();
+    EXPECT_EQ(failures, 0);
+    EXPECT_EQ(fs::current_path(), ProgramFolder);
 }
 
 TEST_F(Plugins, DecodeTheirFormat) {

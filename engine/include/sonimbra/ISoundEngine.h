@@ -157,7 +157,8 @@ public:
 
     /// Loads the plug-in libraries of a folder (UTF-8); see docs/writing_a_plugin.md. Returns
     /// whether the folder could be entered, false for null; what became of each library stands in
-    /// the log. The process's working folder changes during the call.
+    /// the log. The process's working folder changes during the call. One engine in a process
+    /// searches at a time; others wait.
     virtual bool loadPlugins(const char* path) = 0;
 
     /// Five pointers with the driver's native handles, owned by the engine; null where a driver has
