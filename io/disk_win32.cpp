@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cwchar>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include <direct.h>
@@ -45,22 +47,14 @@ private:
     const CWideText Name = workingDirectory();
 };
 
-struct SPathParts {
-    char drive[_MAX_DRIVE] = "";
-    char directory[_MAX_DIR] = "";
-    char name[_MAX_FNAME] = "";
-    char extension[_MAX_EXT] = "";
-};
-
-/// Parts that are too long for the platform's splitter stay empty.
-SPathParts split(const char* path) {
-    SPathParts parts;
-    if (_splitpath_s(path, parts.drive, sizeof(parts.drive), parts.directory,
-                     sizeof(parts.directory), parts.name, sizeof(parts.name), parts.extension,
-                     sizeof(parts.extension)) != 0) {
-        return SPathParts();
+/// Not by the platform's splitter, which takes the bytes for those of the process's code page: in
+/// some of these the second byte of a character may be a separator.
+const char* behindLastSeparator(const char* path) {
+    const std::size_t last = std::string_view(path).find_last_of("\\/");
+    if (last != std::string_view::npos) {
+        return path + last + 1;
     }
-    return parts;
+    return path[0] != 0 && path[1] == ':' ? path + 2 : path;
 }
 
 } // namespace
@@ -111,17 +105,11 @@ bool makeDirectory(const char* directory) {
 }
 
 sonimbra::string<char> directoryOf(const char* path) {
-    const SPathParts parts = split(path);
-    sonimbra::string<char> result(parts.drive);
-    result.append(parts.directory);
-    return result;
+    return std::string(path, behindLastSeparator(path)).c_str();
 }
 
 sonimbra::string<char> basenameOf(const char* path) {
-    const SPathParts parts = split(path);
-    sonimbra::string<char> result(parts.name);
-    result.append(parts.extension);
-    return result;
+    return behindLastSeparator(path);
 }
 
 void listWorkingDirectory(sonimbra::array<FileEntry>& entries) {
