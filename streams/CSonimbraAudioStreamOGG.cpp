@@ -56,6 +56,19 @@ long tellFile(void* source) {
     return withoutExceptions(0L, [&]() -> long { return readerBehind(source).getPos(); });
 }
 
+/// Whether every link's decoder can be started. Where one cannot, the decoder library says so once,
+/// takes the half-built code books for good ones the next time, and divides by zero.
+bool canDecodeAllLinks(OggVorbis_File& vorbis) {
+    for (int link = 0; link < ov_streams(&vorbis); ++link) {
+        vorbis_dsp_state state;
+        if (vorbis_synthesis_init(&state, ov_info(&vorbis, link)) != 0) {
+            return false;
+        }
+        vorbis_dsp_clear(&state);
+    }
+    return true;
+}
+
 } // namespace
 
 CSonimbraAudioStreamOGG::CSonimbraAudioStreamOGG(sonimbra::IFileReader* file)
@@ -77,7 +90,7 @@ bool CSonimbraAudioStreamOGG::open() {
         return false;
     }
     const vorbis_info* info = ov_info(&Vorbis, Current);
-    if (info == nullptr) {
+    if (info == nullptr || !canDecodeAllLinks(Vorbis)) {
         ov_clear(&Vorbis);
         return false;
     }

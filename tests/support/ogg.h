@@ -5,6 +5,7 @@
 
 #include "tests/support/wav.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace sn_test {
@@ -21,5 +22,9 @@ struct SOggSignal {
 /// Encodes the signal in pages of one packet each, the same bytes on every run. A chained file is
 /// the concatenation: join oggFile({.serial = 1}) and oggFile({.rate = 22050, .serial = 2}).
 Bytes oggFile(const SOggSignal& signal = {});
+
+/// Gives every complete page its right checksum, as after a change; otherwise the decoder would
+/// drop the page.
+void mendChecksums(std::uint8_t* file, std::size_t size);
 
 } // namespace sn_test

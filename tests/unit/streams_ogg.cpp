@@ -80,4 +80,13 @@ TEST(Ogg, SurvivesTruncationAndFlippedBits) {
     EXPECT_LT(opened, file.size() * 2);
 }
 
+/// Code books that cannot be built would have the decoder divide by zero.
+TEST(Ogg, RefusesDecodersThatCannotStart) {
+    Bytes file = oggFile({.channels = 1, .rate = 8000, .frames = 1000});
+    EXPECT_TRUE(openedBy<Loader>(file));
+    file[463] ^= 8;
+    mendChecksums(file.data(), file.size());
+    EXPECT_FALSE(openedBy<Loader>(file));
+}
+
 } // namespace
