@@ -19,6 +19,24 @@
 namespace sn_internal::io {
 namespace {
 
+class CFileSearch {
+public:
+    explicit CFileSearch(std::intptr_t handle) : Handle(handle) {}
+    ~CFileSearch() {
+        if (isOpen()) {
+            _findclose(Handle);
+        }
+    }
+    CFileSearch(const CFileSearch&) = delete;
+    CFileSearch& operator=(const CFileSearch&) = delete;
+
+    bool isOpen() const { return Handle != -1; }
+    bool next(_wfinddata_t& found) const { return _wfindnext(Handle, &found) == 0; }
+
+private:
+    const std::intptr_t Handle;
+};
+
 FileEntry describe(const _wfinddata_t& found) {
     char name[4 * sizeof(found.name) / sizeof(found.name[0])];
     narrow(found.name, name, sizeof(name));
@@ -114,14 +132,13 @@ sonimbra::string<char> basenameOf(const char* path) {
 
 void listWorkingDirectory(sonimbra::array<FileEntry>& entries) {
     _wfinddata_t found = {};
-    const std::intptr_t search = _wfindfirst(L"*", &found);
-    if (search == -1) {
+    const CFileSearch search(_wfindfirst(L"*", &found));
+    if (!search.isOpen()) {
         return;
     }
     do {
         entries.push_back(describe(found));
-    } while (_wfindnext(search, &found) == 0);
-    _findclose(search);
+    } while (search.next(found));
 }
 
 } // namespace sn_internal::io
