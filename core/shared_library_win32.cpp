@@ -13,7 +13,7 @@ namespace {
 /// Keeps the system from telling the user about a broken library in a box that waits for a click.
 class CSilentErrors {
 public:
-    CSilentErrors() { SetThreadErrorMode(SEM_FAILCRITICALERRORS, &Before); }
+    CSilentErrors() { SetThreadErrorMode(GetThreadErrorMode() | SEM_FAILCRITICALERRORS, &Before); }
     ~CSilentErrors() { SetThreadErrorMode(Before, nullptr); }
     CSilentErrors(const CSilentErrors&) = delete;
     CSilentErrors& operator=(const CSilentErrors&) = delete;
