@@ -5,6 +5,7 @@
 
 #include "core/CLogger.h"
 #include "core/debugger.h"
+#include "core/no_throw.h"
 #include "core/string.h"
 
 #include <sonimbra/E_SOUND_ENGINE_OPTIONS.h>
@@ -33,21 +34,7 @@ void printAsFormat(const char* text) {
     std::fwrite(formatted.data(), 1, formatted.size(), stdout);
 }
 
-} // namespace
-
-void logText(const char* text, std::int32_t level, bool newLine) {
-    if (sonimbra::ILogger* logger = InstalledLogger.load()) {
-        logger->log(text, level, newLine);
-    }
-}
-
-void logTextWithHint(const char* text, const char* hint, std::int32_t level, bool newLine) {
-    if (sonimbra::ILogger* logger = InstalledLogger.load()) {
-        logger->logWithHint(text, hint, level, newLine);
-    }
-}
-
-void printText(const char* text, bool newLine) {
+void print(const char* text, bool newLine) {
     const bool toStandardOutput = PrintToStandardOutput.load();
     if (PrintIntoDebugger.load()) {
         sonimbra::string<char> line(text);
@@ -61,6 +48,24 @@ void printText(const char* text, bool newLine) {
     } else if (toStandardOutput) {
         printAsFormat(text);
     }
+}
+
+} // namespace
+
+void logText(const char* text, std::int32_t level, bool newLine) {
+    if (sonimbra::ILogger* logger = InstalledLogger.load()) {
+        withoutExceptions([&] { logger->log(text, level, newLine); });
+    }
+}
+
+void logTextWithHint(const char* text, const char* hint, std::int32_t level, bool newLine) {
+    if (sonimbra::ILogger* logger = InstalledLogger.load()) {
+        withoutExceptions([&] { logger->logWithHint(text, hint, level, newLine); });
+    }
+}
+
+void printText(const char* text, bool newLine) {
+    withoutExceptions([&] { print(text, newLine); });
 }
 
 sonimbra::ILogger* acquireLogger(int engineOptions) {

@@ -16,6 +16,9 @@ namespace sn_internal {
 constexpr std::int32_t LogLevelInformation = 0;
 constexpr std::int32_t LogLevelError = 1;
 
+/// None of the three lets an exception out: a message that finds no memory is lost, and what it
+/// tells of goes on.
+
 /// Writes a message through the installed logger; nothing happens when there is none.
 void logText(const char* text, std::int32_t level = LogLevelInformation, bool newLine = true);
 

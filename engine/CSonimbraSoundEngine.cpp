@@ -74,7 +74,7 @@ void CSonimbraSoundEngine::startEngineThread() {
     }
     // Set here, not by the thread, so that an engine dropped at once waits for it.
     IsThreadRunning = true;
-    if (!startThread(this, 0, HighestThreadPriority)) {
+    if (!withoutExceptions(false, [this] { return startThread(this, 0, HighestThreadPriority); })) {
         IsThreadRunning = false;
     }
 }
