@@ -70,16 +70,24 @@ ISoundEngine* makeEngine(E_SOUND_OUTPUT_DRIVER driver, const SEngineArguments& a
 }
 
 /// Makes an engine over the file system of the arguments, or over a new one.
-ISoundEngine* createEngineForDriver(E_SOUND_OUTPUT_DRIVER driver, SEngineArguments arguments) {
-    if (driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
-        driver = E_SOUND_OUTPUT_DRIVER::DirectSound;
-    }
+ISoundEngine* makeEngineOnFiles(E_SOUND_OUTPUT_DRIVER driver, SEngineArguments arguments) {
     counted_ptr<io::IFileSystem> ownFileSystem;
     if (arguments.fileSystem == nullptr) {
         ownFileSystem = counted_ptr<io::IFileSystem>::adopt(new io::CFileSystem);
         arguments.fileSystem = ownFileSystem.get();
     }
-    ISoundEngine* engine = makeEngine(driver, arguments);
+    return makeEngine(driver, arguments);
+}
+
+/// An engine that memory does not suffice for counts as one that does not exist.
+ISoundEngine* createEngineForDriver(E_SOUND_OUTPUT_DRIVER driver,
+                                    const SEngineArguments& arguments) {
+    if (driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
+        driver = E_SOUND_OUTPUT_DRIVER::DirectSound;
+    }
+    ISoundEngine* const none = nullptr;
+    ISoundEngine* engine =
+        withoutExceptions(none, [&] { return makeEngineOnFiles(driver, arguments); });
     if (engine == nullptr) {
         logText("Invalid sound driver specified.", LogLevelError);
     }

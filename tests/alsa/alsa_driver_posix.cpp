@@ -24,6 +24,7 @@ using Hardware = snd_pcm_hw_params_t*;
 using Software = snd_pcm_sw_params_t*;
 using Frames = snd_pcm_uframes_t;
 
+constexpr long NoMemory = 1;
 using Answers = std::map<std::string, std::vector<long>>;
 
 /// Takes what it is given into its buffer, and plays from there when a test wants it to, if enough
@@ -87,7 +88,8 @@ int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) 
     Now += Device.openTime;
     *pcm = reinterpret_cast<PCM>(&Device);
     EXPECT_TRUE(stream == SND_PCM_STREAM_PLAYBACK && mode == SND_PCM_NONBLOCK);
-    return static_cast<int>(Device.answer("open", name));
+    const long answer = Device.answer("open", name);
+    return answer == NoMemory ? throw std::bad_alloc() : static_cast<int>(answer);
 }
 snd_pcm_sframes_t snd_pcm_avail(PCM) {
     const long error = Device.answer("avail", "0");
@@ -162,6 +164,16 @@ TEST_F(ALSADriver, FailsToStartWhereAnyCallFails) {
                   linesOf(log).back());
         EXPECT_EQ(made + (isOpen ? "close " : ""), Device.journal);
     }
+}
+
+TEST_F(ALSADriver, IsNotMadeWhenMemoryRunsOut) {
+    Device.answers = {{"open", {NoMemory}}};
+    EXPECT_EQ("Invalid sound driver specified.",
+              loggedLinesOf([] {
+                  EXPECT_EQ(nullptr,
+                            sonimbra::createSonimbraDevice(sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA,
+                                                           sonimbra::PrintDebugInfoToStdOut));
+              }).back());
 }
 
 TEST_F(ALSADriver, FillsTheQueueAndGoesOnAfterInterruptions) {
