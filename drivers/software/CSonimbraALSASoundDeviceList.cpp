@@ -102,6 +102,9 @@ std::string toALSAPCMName(const char* deviceID, EDirection direction) {
     if (deviceID == nullptr || *deviceID == 0) {
         return DefaultPCM;
     }
+    if (std::strlen(deviceID) != UUID_STR_LEN - 1) {
+        return deviceID; // no identifier: spares asking every card
+    }
     const auto list = counted_ptr<CSonimbraALSASoundDeviceList>::adopt(
         new CSonimbraALSASoundDeviceList(direction));
     const std::int32_t index = list->find(deviceID);
