@@ -9,9 +9,11 @@
 // a loader, which the engine asks whether a file is its own, and of a stream for each playing file.
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
 #include <vector>
 
 #include <sonimbra/sonimbra.h>
@@ -47,9 +49,12 @@ public:
         return std::strstr(fileName, ".raw8") != nullptr; // the engine has made it lower case
     }
     // The engine also comes here with files of any other name, when nobody else knows them. With a
-    // header we would look into the file; without one, its name is all there is.
+    // header we would look into the file; without one, its name is all there is, as it was given.
     IAudioStream* createAudioStream(IFileReader* file) override {
-        return isALoadableFileExtension(file->getFileName()) ? new RawStream(file) : nullptr;
+        std::string name = file->getFileName();
+        std::transform(name.begin(), name.end(), name.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+        return isALoadableFileExtension(name.c_str()) ? new RawStream(file) : nullptr;
     }
 };
 
@@ -75,8 +80,8 @@ int main() {
     // A file on disk is played by its name alone; this one exists in memory only.
     std::vector<unsigned char> file = makeFile();
     engine->addSoundSourceFromMemory(file.data(), static_cast<std::int32_t>(file.size()),
-                                     "square.raw8");
-    ISound* sound = engine->play2D("square.raw8", false, false, true);
+                                     "Square.RAW8");
+    ISound* sound = engine->play2D("Square.RAW8", false, false, true);
     if (sound == nullptr) {
         std::fputs("The engine did not use the decoder.\n", stderr);
         engine->drop();
