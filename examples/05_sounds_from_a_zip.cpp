@@ -61,11 +61,11 @@ public:
             about.size > largest) {
             return nullptr;
         }
+        std::vector<char> bytes(static_cast<std::size_t>(about.size));
         zip_file_t* packed = zip_fopen(Archive, filename, 0);
         if (packed == nullptr) {
             return nullptr;
         }
-        std::vector<char> bytes(static_cast<std::size_t>(about.size));
         const zip_int64_t count = zip_fread(packed, bytes.data(), bytes.size());
         zip_fclose(packed);
         bytes.resize(static_cast<std::size_t>(std::max<zip_int64_t>(count, 0)));
@@ -81,6 +81,7 @@ int main(int argc, char** argv) {
     IOfflineSoundEngine* engine =
         archive == nullptr ? nullptr : createSonimbraOfflineDevice(PrintDebugInfoToStdOut);
     if (engine == nullptr) {
+        zip_discard(archive); // nothing happens to null
         std::fputs("Name a ZIP archive and a sound in it.\n", stderr);
         return EXIT_FAILURE;
     }
