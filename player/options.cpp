@@ -111,7 +111,8 @@ void addOutputOptions(CLI::App& app, Options& options) {
     driver->type_name("NAME");
     CLI::Option* device = app.add_option("--device", options.device,
                                          "Output device: an identifier that --list-devices\n"
-                                         "prints, or with alsa the name of a PCM");
+                                         "prints, or with alsa the name of a PCM; winmm and\n"
+                                         "null have no choice");
     device->type_name("ID");
     app.add_flag("--list-devices", options.listDevices,
                  "Print identifier and description of the driver's\n"
@@ -153,6 +154,11 @@ void addAll(CLI::App& app, Options& options) {
     app.footer(FOOTER);
 }
 
+/// Drivers that play on the default device, whatever they are told.
+bool hasOneDevice(E_SOUND_OUTPUT_DRIVER driver) {
+    return driver == E_SOUND_OUTPUT_DRIVER::WinMM || driver == E_SOUND_OUTPUT_DRIVER::NullDriver;
+}
+
 /// Checks what concerns several options at once. Returns the error, empty when there is none.
 std::string contradiction(const Options& options) {
     if (options.files.empty() && !options.listDevices) {
@@ -160,6 +166,10 @@ std::string contradiction(const Options& options) {
     }
     if (options.loop && !options.renderTo.empty() && !options.seconds) {
         return "--loop with --render never ends; say where to stop with --seconds N";
+    }
+    if (!options.device.empty() && hasOneDevice(options.driver)) {
+        return "the driver \"" + options.driverName +
+               "\" has no choice of devices; leave --device out";
     }
     const auto isOutput = [&options](const std::string& file) {
         std::error_code ignored;

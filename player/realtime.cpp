@@ -24,10 +24,13 @@ constexpr double MIX_RATE = 44100.0;
 constexpr std::uint64_t QUEUE_FRAMES = 8192; ///< what the drivers keep queued
 
 /// Automatic choice: what the library prefers, then the drivers that every Windows and every Linux
-/// has.
+/// has. WinMM would not play on the device that was asked for.
 std::vector<E_SOUND_OUTPUT_DRIVER> driversToTry(const Options& options) {
     if (options.driver != E_SOUND_OUTPUT_DRIVER::AutoDetect) {
         return {options.driver};
+    }
+    if (!options.device.empty()) {
+        return {E_SOUND_OUTPUT_DRIVER::AutoDetect, E_SOUND_OUTPUT_DRIVER::ALSA};
     }
     return {E_SOUND_OUTPUT_DRIVER::AutoDetect, E_SOUND_OUTPUT_DRIVER::WinMM,
             E_SOUND_OUTPUT_DRIVER::ALSA};
