@@ -90,6 +90,16 @@ void CSonimbraALSADevice::close() {
     }
 }
 
+/// Closing drops what is queued only where the device is set up, and a sound server is asked for
+/// that and waited for.
+void CSonimbraALSADevice::abandon() {
+    if (PCM != nullptr) {
+        const CSonimbraALSAErrors quiet;
+        snd_pcm_hw_free(PCM);
+        close();
+    }
+}
+
 /// A device that has run dry without stopping reports more than its buffer holds.
 long CSonimbraALSADevice::getRoom() {
     const CSonimbraALSAErrors quiet;

@@ -39,6 +39,8 @@ public:
     int configure(const SALSAQueue& queue);
     /// Drops what is queued.
     void close();
+    /// Closes a device that may hang: does not wait for a sound server.
+    void abandon();
 
     /// Frames until the queue is full. -EAGAIN when that cannot be told at the moment.
     long getRoom();

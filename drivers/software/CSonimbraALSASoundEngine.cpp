@@ -172,11 +172,10 @@ void CSonimbraALSASoundEngine::welcomeDevice() {
 
 /// A new try that does not come to play goes without a message.
 void CSonimbraALSASoundEngine::loseDevice(long error) {
-    const CClock::time_point begin = IsLost ? TryBegin : CurrentTime();
-    Device.close();
+    Device.abandon();
     UnwrittenFrames = 0;
     MixedUntil = CurrentTime();
-    scheduleNextTry(begin);
+    scheduleNextTry(IsLost ? TryBegin : MixedUntil);
     if (!IsLost) {
         IsLost = true;
         logTextWithHint("ALSA device lost, playing on without it",

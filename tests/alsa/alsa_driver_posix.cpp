@@ -82,6 +82,7 @@ ANSWERS(snd_pcm_sw_params_set_start_threshold, (PCM, Software, Frames size), "st
 ANSWERS(snd_pcm_sw_params, (PCM, Software), "software", 0)
 ANSWERS(snd_pcm_prepare, (PCM), "prepare", Device.clear())
 ANSWERS(snd_pcm_resume, (PCM), "resume", 0)
+ANSWERS(snd_pcm_hw_free, (PCM), "free", 0)
 ANSWERS(snd_pcm_close, (PCM), "close", Device.clear())
 
 int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) {
@@ -240,7 +241,7 @@ TEST_F(ALSADriver, TriesALostDeviceOnceASecond) {
     for (const auto& test : cases) {
         restart();
         Device.answers = test.answers;
-        EXPECT_EQ(test.calls + "close ALSA device lost, playing on without it: default: " +
+        EXPECT_EQ(test.calls + "free close ALSA device lost, playing on without it: default: " +
                       test.reason + "\n",
                   update());
         Device.answers = {{"open", {-ENODEV}}, {"any", {-EINVAL}}};
@@ -251,7 +252,7 @@ TEST_F(ALSADriver, TriesALostDeviceOnceASecond) {
         EXPECT_EQ(startCalls("default") + "avail " + writes(32), update(milliseconds(1000)));
         Device.answers = {{"write", {-EIO}}};
         Device.play(256); // a try that fails before it plays makes no messages
-        EXPECT_EQ("avail write:256 close ", update());
+        EXPECT_EQ("avail write:256 free close ", update());
         update(milliseconds(1000));
         Device.play(256);
         EXPECT_EQ("avail write:256 ALSA device is back: default\n", update());
@@ -263,12 +264,12 @@ TEST_F(ALSADriver, GivesUpADeviceThatHangs) {
     update();
     EXPECT_EQ("avail ", update());
     EXPECT_EQ("avail ", update(milliseconds(1999)));
-    EXPECT_EQ("avail close ALSA device lost, playing on without it: default: "
+    EXPECT_EQ("avail free close ALSA device lost, playing on without it: default: "
               "Connection timed out\n",
               update(milliseconds(1)));
     EXPECT_EQ(opened, update(milliseconds(1000)));
     EXPECT_EQ("avail ", update());
-    EXPECT_EQ("avail close ", update(milliseconds(2000)));
+    EXPECT_EQ("avail free close ", update(milliseconds(2000)));
     Device.openTime = milliseconds(500);
     Device.answers = {{"open", {-EIO}}};
     EXPECT_EQ("", update(milliseconds(19999))); // ten times as long as the last try took
