@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 namespace sn_internal {
 namespace {
@@ -26,6 +27,12 @@ T again(T result) {
 }
 
 } // namespace
+
+void CSonimbraALSADevice::swap(CSonimbraALSADevice& other) {
+    std::swap(PCM, other.PCM);
+    std::swap(BufferFrames, other.BufferFrames);
+    std::swap(QueueFrames, other.QueueFrames);
+}
 
 int CSonimbraALSADevice::open(const char* pcmName) {
     const CSonimbraALSAErrors quiet;

@@ -32,6 +32,8 @@ public:
     CSonimbraALSADevice& operator=(const CSonimbraALSADevice&) = delete;
     ~CSonimbraALSADevice() { close(); }
 
+    void swap(CSonimbraALSADevice& other);
+
     bool isOpen() const { return PCM != nullptr; }
     int open(const char* pcmName);
     /// What follows open. The device starts to play when the queue is full for the first time, and

@@ -29,7 +29,7 @@ CSonimbraALSASoundEngine::CSonimbraALSASoundEngine(io::IFileSystem* fileSystem, 
     : CSonimbraSoftwareSoundEngine(fileSystem, options),
       CurrentTime(currentTime),
       PCMName(toALSAPCMName(deviceID, CSonimbraALSASoundDeviceList::EDirection::Playback)) {
-    if (!openDevice()) {
+    if (!openDevice(Device)) {
         return;
     }
     IsInitialized = true; // never changed again: the engine's thread may lose the device
@@ -43,15 +43,15 @@ CSonimbraALSASoundEngine::~CSonimbraALSASoundEngine() {
     Device.close();
 }
 
-bool CSonimbraALSASoundEngine::openDevice() {
+bool CSonimbraALSASoundEngine::openDevice(CSonimbraALSADevice& device) const {
     const SALSAQueue queue = {getOutputRate(), OutputChannels, OutputBufferFrames,
                               BufferCount * OutputBufferFrames};
-    if (reportStartError("Could not start up ALSA device", Device.open(PCMName.c_str()))) {
+    if (reportStartError("Could not start up ALSA device", device.open(PCMName.c_str()))) {
         return false;
     }
     if (reportStartError("Could not set up ALSA device for 16-bit stereo",
-                         Device.configure(queue))) {
-        Device.close();
+                         device.configure(queue))) {
+        device.close();
         return false;
     }
     return true;
@@ -66,6 +66,7 @@ bool CSonimbraALSASoundEngine::reportStartError(const char* context, int result)
 }
 
 void CSonimbraALSASoundEngine::updateDriver() {
+    tryDeviceAgain();
     const CScopedLock lock(getLock());
     updateSounds();
     refillQueue();
@@ -79,7 +80,6 @@ void CSonimbraALSASoundEngine::refillQueue() {
     }
     IsRefilling = true;
     withoutExceptions([this] {
-        tryDeviceAgain();
         if (Device.isOpen()) {
             feedDevice();
         } else {
@@ -183,16 +183,36 @@ void CSonimbraALSASoundEngine::loseDevice(long error) {
     }
 }
 
+/// The lock is free while the device opens, unless the update comes from a receiver: the
+/// application may go on, and so may updates of other threads.
 void CSonimbraALSASoundEngine::tryDeviceAgain() {
-    if (Device.isOpen() || CurrentTime() < NextTry) {
+    if (beginTry()) {
+        CSonimbraALSADevice device;
+        withoutExceptions([&] { openDevice(device); });
+        endTry(device);
+    }
+}
+
+bool CSonimbraALSASoundEngine::beginTry() {
+    const CScopedLock lock(getLock());
+    if (Device.isOpen() || IsTrying || CurrentTime() < NextTry) {
+        return false;
+    }
+    IsTrying = true;
+    TryBegin = CurrentTime();
+    return true;
+}
+
+void CSonimbraALSASoundEngine::endTry(CSonimbraALSADevice& device) {
+    const CScopedLock lock(getLock());
+    IsTrying = false;
+    if (!device.isOpen()) {
+        scheduleNextTry(TryBegin);
         return;
     }
-    TryBegin = CurrentTime();
+    Device.swap(device);
     TakenFrames = 0;
     StalledSince.reset();
-    if (!openDevice()) {
-        scheduleNextTry(TryBegin);
-    }
 }
 
 /// What began then and did not work may take as long again: it gets a small share of the time.

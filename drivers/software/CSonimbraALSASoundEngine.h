@@ -15,8 +15,9 @@ namespace sn_internal {
 /// Plays the software mixer's stream through an ALSA PCM, whose queue each update fills up.
 ///
 /// A device that fails while the engine plays, or takes nothing for two seconds, is lost. It is
-/// tried again once a second, or less often when a try takes long, because a try keeps the engine's
-/// lock. Until it is back a clock takes its place: sounds go on and end as if they were heard.
+/// tried again once a second, or less often when a try takes long: opening may wait for a hung
+/// sound server, without the engine's lock, and there are no updates on that thread meanwhile.
+/// Until the device is back a clock takes its place: sounds go on and end as if they were heard.
 class CSonimbraALSASoundEngine final : public CSonimbraSoftwareSoundEngine {
 public:
     using CClock = std::chrono::steady_clock;
@@ -34,7 +35,7 @@ public:
 private:
     static constexpr std::int32_t BufferCount = 32;
 
-    bool openDevice();
+    bool openDevice(CSonimbraALSADevice& device) const;
     bool reportStartError(const char* context, int result) const;
     void refillQueue();
     void feedDevice();
@@ -46,6 +47,8 @@ private:
     void welcomeDevice();
     void loseDevice(long error);
     void tryDeviceAgain();
+    bool beginTry();
+    void endTry(CSonimbraALSADevice& device);
     void scheduleNextTry(CClock::time_point begin);
     void feedClock();
 
@@ -58,9 +61,10 @@ private:
     std::int32_t UnwrittenFrames = 0; ///< at the end of Samples
     std::int64_t TakenFrames = 0;     ///< by the device since it was opened
     bool IsLost = false;              ///< until a new try plays
-    CClock::time_point TryBegin;      ///< of the last try for a lost device
-    CClock::time_point NextTry;       ///< for a lost device
-    CClock::time_point MixedUntil;    ///< while the device is lost
+    bool IsTrying = false;
+    CClock::time_point TryBegin;   ///< of the last try for a lost device
+    CClock::time_point NextTry;    ///< for a lost device
+    CClock::time_point MixedUntil; ///< while the device is lost
     std::optional<CClock::time_point> StalledSince;
 };
 
