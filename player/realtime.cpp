@@ -3,6 +3,7 @@
 
 #include "player/realtime.h"
 
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -17,9 +18,11 @@ namespace player {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
 using sonimbra::E_SOUND_OUTPUT_DRIVER;
 
 constexpr auto POLL_INTERVAL = std::chrono::milliseconds(20);
+constexpr auto STALL_LIMIT = std::chrono::seconds(1); ///< devices take something far more often
 constexpr double MIX_RATE = 44100.0;
 constexpr std::uint64_t QUEUE_FRAMES = 8192; ///< what the drivers keep queued
 
@@ -118,20 +121,35 @@ private:
     void startClock() {
         if (!Started) {
             Started = true;
-            FirstFrame = Meter.frames();
-            FirstTime = Clock::now();
+            FirstFrame = LastFrame = Meter.frames();
+            FirstTime = LastTime = Clock::now();
         }
     }
 
-    /// Seconds of output since the first sound: what was mixed, where that can be watched.
-    double seconds() const {
+    /// Seconds of output since the first sound: what was mixed, where that can be watched, and the
+    /// time for which a device took nothing.
+    double seconds() {
         if (HasMeter) {
-            return static_cast<double>(Meter.frames() - FirstFrame) / MIX_RATE;
+            watchForStall();
+            return static_cast<double>(LastFrame - FirstFrame) / MIX_RATE + Stalled.count();
         }
-        return std::chrono::duration<double>(Clock::now() - FirstTime).count();
+        return Seconds(Clock::now() - FirstTime).count();
     }
 
-    bool stopped() const {
+    void watchForStall() {
+        const Clock::time_point now = Clock::now();
+        const std::uint64_t frame = Meter.frames();
+        if (now - LastTime >= STALL_LIMIT) {
+            const Seconds mixed(static_cast<double>(frame - LastFrame) / MIX_RATE);
+            Stalled += std::max<Seconds>(now - LastTime - mixed, Seconds::zero());
+        } else if (frame == LastFrame) {
+            return;
+        }
+        LastFrame = frame;
+        LastTime = now;
+    }
+
+    bool stopped() {
         return terminal::stopRequested() ||
                (Started && Settings.seconds && seconds() >= *Settings.seconds);
     }
@@ -154,6 +172,9 @@ private:
     bool Started = false;
     std::uint64_t FirstFrame = 0;
     Clock::time_point FirstTime;
+    std::uint64_t LastFrame = 0; ///< when frames were last seen to be mixed
+    Clock::time_point LastTime;
+    Seconds Stalled{};
 };
 
 } // namespace
