@@ -4,7 +4,7 @@
 #pragma once
 
 /// For authors of plug-ins, in the one source file that holds the entry point. Everything else that
-/// a plug-in needs is in <sonimbra/sonimbra.h>; it needs not be linked with the library.
+/// a plug-in needs is in <sonimbra/sonimbra.h>; it need not be linked with the library.
 
 #include <sonimbra/ISoundEngine.h>
 #include <sonimbra/export.h>
@@ -23,7 +23,8 @@
 ///   version  const char*, the library's own version, for example "1.5.0"; valid during the call
 ///
 /// Called each time an engine loads the plug-in, on the thread that creates the engine or is inside
-/// ISoundEngine::loadPlugins, with the plug-in's folder as the working folder. An exception that
+/// ISoundEngine::loadPlugins, with the folder that is searched as the working folder: the plug-in's
+/// own, unless Windows found a library of the same name beside the program first. An exception that
 /// leaves the block ends it and goes no further. The plug-in is never unloaded.
 #define SONIMBRA_PLUGIN_INIT(engine, version)                                                      \
     static void sonimbraInitializePlugin(sonimbra::ISoundEngine*, const char*);                    \
