@@ -53,8 +53,7 @@ def write_count(path, frames):
     """Mono frames that count 0, 1, 2, ..., so that each tells its own place."""
     with wave.open(str(path), "wb") as writer:
         writer.setparams((1, 2, RATE, 0, "NONE", ""))
-        numbers = array.array("H", (index % 65536 for index in range(frames)))
-        writer.writeframes(numbers.tobytes())
+        writer.writeframes(array.array("H", (i % 65536 for i in range(frames))).tobytes())
 
 
 class Recorder:
@@ -133,8 +132,8 @@ def hear(samples):
 
 
 def follow_count(samples, first):
-    """Follows a count of frames. Returns the last one, and the tenths of a second where silence
-    broke in, after which some frames may be missing; any other gap or repeat is a failure."""
+    """Returns a count's last frame, and the tenths of a second where silence broke in, after which
+    some frames may be missing. Any other gap or repeat is a failure."""
     frame, silence, broken = first - 1, 0, set()
     for sample in samples:
         if sample == 0:
@@ -142,11 +141,11 @@ def follow_count(samples, first):
             continue
         step = (sample - frame) % 65536
         if silence > 1:
-            broken.add(max(frame, 0) * 10 // RATE)
+            broken.add(frame * 10 // RATE)
         if step > 1 + LONGEST_LOSS if silence > 1 else step != 1 + silence:
             raise AssertionError(f"frame {frame} and {silence} frames of silence, then {step} on")
         frame, silence = frame + step, 0
-    return frame, broken - {max(first - 1, 0) * 10 // RATE}
+    return frame, broken - {(first - 1) * 10 // RATE}
 
 
 @dataclass
@@ -242,9 +241,7 @@ class ListeningTest(unittest.TestCase):
 
     def check_count(self, options, first, seconds):
         """Plays a count from a frame on, with --loop, and checks that it is heard without a break.
-
-        Silence that the sound server lets in is not at the same place in each try.
-        """
+        Silence that the sound server lets in is not at the same place in each try."""
         file = Path(self.folder.name) / "count.wav"
         write_count(file, 2 * 65536)  # the loop counts on, too
         always_broken = None
