@@ -18,7 +18,7 @@ file(GLOB sonimbra_public_headers CONFIGURE_DEPENDS
 
 set(sonimbra_libraries DUMB::DUMB VorbisFile::VorbisFile Threads::Threads)
 if(WIN32)
-  list(APPEND sonimbra_libraries winmm ole32 dxguid)
+  list(APPEND sonimbra_libraries winmm ole32 user32 dxguid)
 else()
   find_package(ALSA REQUIRED)
   find_package(LibUUID REQUIRED)

@@ -33,6 +33,7 @@ CSonimbraSoundSource::~CSonimbraSoundSource() {
     const CScopedLock lock(getLock());
     detachAllSounds();
     CachedSamples.reset();
+    DriverData.reset();
 }
 
 std::int32_t CSonimbraSoundSource::getPlayLength() {

@@ -15,23 +15,15 @@ public:
         DWORD size = 0;
     };
 
-    /// A lost buffer is restored once; onRestored is called before it is locked again, because what
-    /// it held is undefined then.
-    template <class F>
-    CBufferLock(IDirectSoundBuffer& buffer, DWORD offset, DWORD size, F&& onRestored)
-        : Buffer(buffer) {
-        HRESULT result = lock(offset, size);
-        if (result == DSERR_BUFFERLOST && SUCCEEDED(Buffer.Restore())) {
-            onRestored();
-            result = lock(offset, size);
-        }
-        Locked = SUCCEEDED(result);
-    }
+    CBufferLock(IDirectSoundBuffer& buffer, DWORD offset, DWORD size)
+        : Buffer(buffer), Result(lock(offset, size)), Locked(SUCCEEDED(Result)) {}
     CBufferLock(const CBufferLock&) = delete;
     CBufferLock& operator=(const CBufferLock&) = delete;
     ~CBufferLock() { unlock(); }
 
     bool isLocked() const { return Locked; }
+    /// DirectSound has taken the memory away; the buffer has to be restored first.
+    bool isLost() const { return Result == DSERR_BUFFERLOST; }
 
     /// 0 and 1. Where the second region is not needed it is empty.
     const SRegion& getRegion(int index) const { return Regions[index]; }
@@ -59,7 +51,8 @@ private:
 
     IDirectSoundBuffer& Buffer;
     SRegion Regions[2];
-    bool Locked = false;
+    const HRESULT Result; // the regions are there before
+    bool Locked;
 };
 
 } // namespace sn_internal

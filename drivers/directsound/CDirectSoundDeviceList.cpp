@@ -14,6 +14,8 @@
 namespace sn_internal {
 namespace {
 
+static_assert(sizeof(GUID) == 16);
+
 using FEnumerate = HRESULT(WINAPI*)(LPDSENUMCALLBACKA, void*);
 
 std::string identifierOf(const GUID& guid) {
@@ -43,17 +45,19 @@ CDirectSoundDeviceList::CDirectSoundDeviceList(const char* enumerationFunction) 
     }
 }
 
-/// The platform's own primary entry has no GUID; the default record stands for it. Called from C.
+/// The platform's own primary entry has no GUID; the default record stands for it. Called from C;
+/// when memory runs out, the list ends there.
 BOOL CALLBACK CDirectSoundDeviceList::onDevice(GUID* guid, const char* description, const char*,
                                                void* list) {
-    if (guid != nullptr) {
-        auto& devices = *static_cast<CDirectSoundDeviceList*>(list);
-        withoutExceptions([&] {
-            devices.Guids.push_back(*guid);
-            devices.addDevice(identifierOf(*guid).c_str(), description);
-        });
+    if (guid == nullptr) {
+        return TRUE;
     }
-    return TRUE;
+    auto& devices = *static_cast<CDirectSoundDeviceList*>(list);
+    return withoutExceptions(FALSE, [&] {
+        devices.Guids.push_back(*guid);
+        devices.addDevice(identifierOf(*guid).c_str(), description);
+        return TRUE;
+    });
 }
 
 } // namespace sn_internal

@@ -5,6 +5,7 @@
 
 #include "core/integers.h"
 #include "core/log.h"
+#include "core/no_throw.h"
 #include "engine/CSonimbraSoundSource.h"
 
 namespace sn_internal {
@@ -25,7 +26,13 @@ CDirectSoundEngine::CDirectSoundEngine(const SDirectSoundGeneration& generation,
                                        io::IFileSystem* fileSystem, int options,
                                        const char* deviceID)
     : CSonimbraSoundEngine(fileSystem, options), Generation(generation) {
-    startUp(deviceID);
+    const bool isDone = withoutExceptions(false, [&] {
+        startUp(deviceID);
+        return true;
+    });
+    if (!isDone) {
+        Device.reset(); // memory ran out
+    }
 }
 
 void CDirectSoundEngine::startUp(const char* deviceID) {
@@ -62,7 +69,9 @@ bool CDirectSoundEngine::createWindow() {
 }
 
 bool CDirectSoundEngine::createDevice() {
-    HasCom = SUCCEEDED(CoInitialize(nullptr));
+    if (SUCCEEDED(CoInitialize(nullptr))) {
+        ComThread = GetCurrentThreadId();
+    }
     if (FAILED(CoCreateInstance(Generation.deviceClass, nullptr, CLSCTX_INPROC_SERVER,
                                 Generation.deviceInterface, Device.putVoid()))) {
         Device.reset();
@@ -129,12 +138,17 @@ void CDirectSoundEngine::cooperate() {
 void CDirectSoundEngine::shutDownDriver() {
     stopEngineThread();
     endSounds();
+    {
+        const CScopedLock lock(getLock());
+        Resources->releaseAll();
+    }
     Listener3D.reset();
     Device.reset();
     if (Window != nullptr) {
         DestroyWindow(Window);
     }
-    if (HasCom) {
+    // On another thread it would take COM from that one. Windows ends the rest with the thread.
+    if (ComThread == GetCurrentThreadId()) {
         CoUninitialize();
     }
 }
@@ -176,7 +190,10 @@ void CDirectSoundEngine::applyListener() {
 
 /// The source may outlive the device, its buffers must not.
 void CDirectSoundEngine::onSourceRemoved(sonimbra::ISoundSource* source) {
-    static_cast<CSonimbraSoundSource*>(source)->setDriverData({});
+    const CScopedLock lock(getLock());
+    if (auto* const own = dynamic_cast<CSonimbraSoundSource*>(source)) {
+        own->setDriverData({});
+    }
 }
 
 bool CDirectSoundEngine::makesSoundFor(sonimbra::ISoundSource* source) const {
@@ -191,6 +208,7 @@ SDirectSoundSoundArguments CDirectSoundEngine::argumentsFor(sonimbra::ISoundSour
     return {getLink(),
             static_cast<CSonimbraSoundSource*>(source),
             Device.get(),
+            Resources,
             looped,
             minDistance,
             maxDistance,

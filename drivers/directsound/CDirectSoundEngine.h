@@ -57,8 +57,9 @@ private:
     const SDirectSoundGeneration& Generation;
     com_ptr<IDirectSound> Device;
     com_ptr<IDirectSound3DListener> Listener3D;
+    const CDirectSoundResourcesPtr Resources = std::make_shared<CDirectSoundResources>();
     HWND Window = nullptr;
-    bool HasCom = false;
+    DWORD ComThread = 0; ///< that this engine has initialised COM on; 0 for none
 };
 
 } // namespace sn_internal

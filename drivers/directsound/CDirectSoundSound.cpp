@@ -19,6 +19,8 @@ namespace {
 constexpr DWORD CommonFlags =
     DSBCAPS_GETCURRENTPOSITION2 | DSBCAPS_CTRLVOLUME | DSBCAPS_CTRLFREQUENCY;
 
+static_assert(sizeof(WAVEFORMATEX) == 18);
+
 /// The extra size is no extra size: it is kept at the record's own one, which PCM ignores.
 WAVEFORMATEX waveFormatOf(const sonimbra::SAudioStreamFormat& format) {
     const auto sampleSize = static_cast<std::uint32_t>(format.getSampleSize());
@@ -41,10 +43,13 @@ CDirectSoundSound::CDirectSoundSound(const SDirectSoundGeneration& generation,
     : CSonimbraSound(arguments.link, arguments.source, arguments.looped, arguments.minDistance,
                      arguments.maxDistance),
       Generation(generation),
+      Resources(arguments.resources),
       Device(arguments.device),
       GlobalFocus(arguments.globalFocus),
       Wants3DBuffer(arguments.wants3DBuffer),
       WantsEffects(arguments.wantsEffects && generation.hasEffects) {
+    const CScopedLock lock(getLock());
+    Resources->add(this);
 }
 
 CDirectSoundSound::CDirectSoundSound(const SDirectSoundGeneration& generation,
@@ -70,8 +75,11 @@ CDirectSoundSound::~CDirectSoundSound() {
     const CScopedLock lock(getLock());
     CDirectSoundSound::releaseBuffer();
     Samples.reset();
+    Resources->remove(this);
 }
 
+/// Of the source: where only the first channel is held, positions in time are half of what is
+/// heard.
 void CDirectSoundSound::computeBytesPerSecond(const sonimbra::SAudioStreamFormat& format) {
     BytesPerSecond =
         static_cast<std::uint32_t>(wrappingProduct(format.getFrameSize(), format.SampleRate));
@@ -104,6 +112,7 @@ bool CDirectSoundSound::shareBuffer() {
     if (!Buffer) {
         return false;
     }
+    IsDownmixed = reusable->isDownmixed();
     Reusable = counted_ptr<CReusableDSSoundBuffers>::share(reusable);
     return true;
 }
@@ -115,14 +124,14 @@ void CDirectSoundSound::offerBuffer() {
     CSonimbraSoundSource& source = *getAttachedSource();
     if (source.getDriverData() == nullptr) {
         source.setDriverData(
-            counted_ptr<sonimbra::IRefCounted>::adopt(new CReusableDSSoundBuffers));
+            counted_ptr<sonimbra::IRefCounted>::adopt(new CReusableDSSoundBuffers(Resources)));
     }
     Reusable = counted_ptr<CReusableDSSoundBuffers>::share(
         static_cast<CReusableDSSoundBuffers*>(source.getDriverData()));
     if (Buffer3D) {
         Reusable->setBuffer3D(Buffer.get());
     } else {
-        Reusable->setBuffer(Buffer.get());
+        Reusable->setBuffer(Buffer.get(), IsDownmixed);
     }
 }
 
@@ -174,24 +183,36 @@ void CDirectSoundSound::fill(const CSonimbraBufferedSamples& samples) {
     const auto wholeSize = static_cast<DWORD>(format.getSampleDataSize());
     const DWORD size =
         IsDownmixed ? wholeSize / static_cast<DWORD>(format.ChannelCount) : wholeSize;
-    CBufferLock memory(*Buffer.get(), 0, size, [] {});
-    if (!memory.isLocked()) {
-        logText("Could not lock sound buffer");
-        Buffer.reset();
-        Buffer3D.reset();
-        return;
+    for (const bool isFirst : {true, false}) {
+        const CBufferLock memory(*Buffer.get(), 0, size);
+        if (memory.isLocked()) {
+            copyInto(memory, samples);
+            return;
+        }
+        if (!isFirst || !memory.isLost() || FAILED(Buffer->Restore())) {
+            break;
+        }
     }
+    logText("Could not lock sound buffer");
+    Buffer.reset();
+    Buffer3D.reset();
+}
+
+void CDirectSoundSound::copyInto(const CBufferLock& memory,
+                                 const CSonimbraBufferedSamples& samples) const {
+    const sonimbra::SAudioStreamFormat& format = samples.getFormat();
     const auto* data = static_cast<const unsigned char*>(samples.getData());
     const CBufferLock::SRegion& region = memory.getRegion(0);
-    const DWORD fitting = std::min(region.size, size);
-    if (data == nullptr) {
+    const auto wholeSize = static_cast<DWORD>(format.getSampleDataSize());
+    if (data == nullptr || region.bytes == nullptr) {
         return;
     }
     if (IsDownmixed) {
-        copyFirstChannel(data, fitting / static_cast<DWORD>(format.getSampleSize()), format,
-                         region.bytes);
+        const DWORD frameCount = std::min(region.size / static_cast<DWORD>(format.getSampleSize()),
+                                          wholeSize / static_cast<DWORD>(format.getFrameSize()));
+        copyFirstChannel(data, frameCount, format, region.bytes);
     } else {
-        std::memcpy(region.bytes, data, fitting);
+        std::memcpy(region.bytes, data, std::min(region.size, wholeSize));
     }
 }
 
@@ -236,7 +257,7 @@ bool CDirectSoundSound::isBufferFinished() {
 /// The sign is turned round on purpose, as in the software mixer.
 void CDirectSoundSound::setBufferPan(float pan) {
     if (Buffer) {
-        Buffer->SetPan(truncatedToInt32(pan * -10000.0f));
+        Buffer->SetPan(truncatedToInt32(static_cast<double>(pan) * -10000.0));
     }
 }
 
@@ -311,7 +332,7 @@ bool CDirectSoundSound::knowsCreationFrequency() {
 
 bool CDirectSoundSound::setPlaybackSpeed(float speed) {
     const CScopedLock lock(getLock());
-    return isPlayable() && knowsCreationFrequency() &&
+    return speed >= 0.0f && isPlayable() && knowsCreationFrequency() &&
            SUCCEEDED(Buffer->SetFrequency(
                truncatedToUint32(static_cast<float>(CreationFrequency) * speed)));
 }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "drivers/directsound/CBufferLock.h"
 #include "drivers/directsound/CReusableDSSoundBuffers.h"
 #include "drivers/directsound/directsound_generation.h"
 #include "engine/CSonimbraSound.h"
@@ -17,6 +18,7 @@ struct SDirectSoundSoundArguments {
     CEngineLinkPtr link;
     CSonimbraSoundSource* source;
     IDirectSound* device;
+    CDirectSoundResourcesPtr resources;
     bool looped;
     float minDistance;
     float maxDistance;
@@ -63,7 +65,7 @@ protected:
     /// Starts the buffer; a lost one is filled anew first.
     bool startBuffer(DWORD flags);
 
-    /// Fills the buffer again after DirectSound has taken its memory away.
+    /// Fills the buffer again after DirectSound has taken its memory away and given it back.
     virtual void refillLostBuffer();
 
     /// Neither cut off from its source nor released.
@@ -77,12 +79,14 @@ private:
     bool shareBuffer();
     void offerBuffer();
     void fill(const CSonimbraBufferedSamples& samples);
+    void copyInto(const CBufferLock& memory, const CSonimbraBufferedSamples& samples) const;
     /// What new buffers are asked for, and null for nothing.
     com_ptr<IDirectSoundBuffer> usable(com_ptr<IDirectSoundBuffer> created) const;
     DWORD getBufferFlags(bool isStream) const;
     bool knowsCreationFrequency();
 
     const SDirectSoundGeneration& Generation;
+    const CDirectSoundResourcesPtr Resources;
     IDirectSound* const Device; ///< the engine's; used while the sound is constructed
     com_ptr<IDirectSoundBuffer> Buffer;
     com_ptr<IDirectSound3DBuffer> Buffer3D;

@@ -41,10 +41,7 @@ public:
                                 const sonimbra::vec3df& listenerLookDirection,
                                 const sonimbra::vec3df& listenerUpVector, bool linearRolloff,
                                 float rolloffFactor) override {
-        if (this->getBuffer() != nullptr &&
-            !Ring.refill(*this->getBuffer(), this->isLoopedFlagSet(), this->isPaused())) {
-            this->releaseBuffer();
-        }
+        refill();
         TSound::updateListenerRelation(globalVolume, listenerPosition, listenerLookDirection,
                                        listenerUpVector, linearRolloff, rolloffFactor);
     }
@@ -59,13 +56,30 @@ public:
 
     bool setPlayPosition(std::uint32_t milliseconds) override {
         const CScopedLock lock(this->getLock());
+        const auto buffer = com_ptr<IDirectSoundBuffer>::share(this->getBuffer());
         return this->isPlayable() &&
-               Ring.seek(*this->getBuffer(), milliseconds, this->isLoopedFlagSet());
+               Ring.seek(*buffer.get(), milliseconds, this->isLoopedFlagSet());
     }
 
 private:
-    /// The ring's memory came back without its contents: it is written anew from where it plays.
-    void refillLostBuffer() override { Ring.silence(*this->getBuffer()); }
+    void refill() {
+        // A decoder may stop the sound from inside.
+        const auto buffer = com_ptr<IDirectSoundBuffer>::share(this->getBuffer());
+        if (!buffer) {
+            return;
+        }
+        if (!Ring.refill(*buffer.get(), this->isLoopedFlagSet(), this->isPaused())) {
+            this->releaseBuffer();
+        } else if (Ring.takeRecovery() && !this->isPaused()) {
+            playBuffer();
+        }
+    }
+
+    void refillLostBuffer() override {
+        const auto buffer = com_ptr<IDirectSoundBuffer>::share(this->getBuffer());
+        Ring.recover(*buffer.get(), this->isLoopedFlagSet());
+        Ring.takeRecovery(); // it is being started already
+    }
 
     CStreamRing Ring;
 };

@@ -38,13 +38,16 @@ int CStreamRing::getSilence() const {
 }
 
 void CStreamRing::silence(IDirectSoundBuffer& buffer) const {
-    const CBufferLock memory(buffer, 0, static_cast<DWORD>(RingLength) * getBytesPerFrame(), [] {});
+    const CBufferLock memory(buffer, 0, static_cast<DWORD>(RingLength) * getBytesPerFrame());
     if (memory.isLocked() && memory.getRegion(0).bytes != nullptr) {
         std::memset(memory.getRegion(0).bytes, getSilence(), memory.getRegion(0).size);
     }
 }
 
 bool CStreamRing::refill(IDirectSoundBuffer& buffer, bool looped, bool paused) {
+    if (HasEnded) {
+        return false;
+    }
     STask task = {};
     task.isFirst = WritePosition == Unfilled;
     task.isLooped = looped;
@@ -58,7 +61,7 @@ bool CStreamRing::refill(IDirectSoundBuffer& buffer, bool looped, bool paused) {
         logText("Failed getting position of stream");
         return true;
     }
-    // Frames are compared with bytes here: it takes effect at the start of the ring only, and a
+    // Frames are compared with bytes here: it takes effect at the start of the ring, and a
     // cursor that stands still elsewhere is found when the frames are counted.
     if (getBytesPerFrame() == 0 || RingLength < 1 || (!task.isFirst && LastPlayFrame == cursor)) {
         return true;
@@ -95,7 +98,7 @@ CStreamRing::E_STEP CStreamRing::countPlayed(STask& task) {
         }
         if (IsWrapped) {
             IsWrapped = false;
-            FramesPlayed = wrappingSum(FramesPlayed, -StreamLength);
+            FramesPlayed = wrap32(std::int64_t(FramesPlayed) - StreamLength);
         }
     }
     return advanced == ring ? E_STEP::Done : E_STEP::GoOn;
@@ -129,9 +132,13 @@ void CStreamRing::keepAwayFromCursor(STask& task) {
 bool CStreamRing::write(IDirectSoundBuffer& buffer, STask& task) {
     const std::uint32_t frameSize = getBytesPerFrame();
     CBufferLock memory(buffer, static_cast<DWORD>(task.writeStart) * frameSize,
-                       static_cast<DWORD>(task.frameCount) * frameSize, [&] { silence(buffer); });
+                       static_cast<DWORD>(task.frameCount) * frameSize);
     WritePosition = wrappingSum(task.writeStart, task.frameCount);
     LastPlayFrame = task.playFrame;
+    if (memory.isLost() && !HasRecovered && SUCCEEDED(buffer.Restore())) {
+        recover(buffer, task.isLooped);
+        return true;
+    }
     if (!memory.isLocked()) {
         logText("Could not lock buffer for stream update");
         return true;
@@ -229,6 +236,10 @@ bool CStreamRing::seek(IDirectSoundBuffer& buffer, std::uint32_t milliseconds, b
     }
     const double wanted = milliseconds * static_cast<double>(Format.SampleRate) / 1000.0;
     const std::int32_t frame = std::min(truncatedToInt32(wanted), StreamLength);
+    return seekToFrame(buffer, frame, looped);
+}
+
+bool CStreamRing::seekToFrame(IDirectSoundBuffer& buffer, std::int32_t frame, bool looped) {
     if (!withoutExceptions(false, [&] { return Stream->setPosition(frame); }) ||
         FAILED(buffer.SetCurrentPosition(0))) {
         return false;
@@ -237,10 +248,18 @@ bool CStreamRing::seek(IDirectSoundBuffer& buffer, std::uint32_t milliseconds, b
     LastPlayFrame = 0;
     FramesPlayed = 0;
     FramesWritten = 0;
-    refill(buffer, looped, false);
+    HasEnded = !refill(buffer, looped, false);
     FramesPlayed = wrappingSum(FramesPlayed, frame);
     FramesWritten = wrappingSum(FramesWritten, frame);
     return true;
+}
+
+void CStreamRing::recover(IDirectSoundBuffer& buffer, bool looped) {
+    HasRecovered = true;
+    const std::int32_t frame = StreamLength > 0 ? FramesPlayed % StreamLength : FramesPlayed;
+    if (!seekToFrame(buffer, frame, looped)) {
+        silence(buffer);
+    }
 }
 
 std::uint32_t CStreamRing::getPlayPosition() const {

@@ -9,6 +9,7 @@
 #include <sonimbra/IAudioStream.h>
 
 #include <cstdint>
+#include <utility>
 
 namespace sn_internal {
 
@@ -35,9 +36,12 @@ public:
 
     std::uint32_t getPlayPosition() const; ///< milliseconds
 
-    /// Overwrites the whole ring, whose contents were lost; what follows is heard where the ring is
-    /// refilled next.
-    void silence(IDirectSoundBuffer& buffer) const;
+    /// Fills the ring anew after its memory was lost and restored: from the frame that was played
+    /// last, or where the stream cannot be positioned with silence.
+    void recover(IDirectSoundBuffer& buffer, bool looped);
+
+    /// Whether the memory was lost and restored since the last time: the buffer stands still then.
+    bool takeRecovery() { return std::exchange(HasRecovered, false); }
 
     /// Lets the stream go; nothing but the destructor may be called afterwards.
     void dropStream() { Stream.reset(); }
@@ -70,6 +74,8 @@ private:
     static void keepAwayFromCursor(STask& task);
     bool write(IDirectSoundBuffer& buffer, STask& task);
     bool learnEnd(const STask& task);
+    bool seekToFrame(IDirectSoundBuffer& buffer, std::int32_t frame, bool looped);
+    void silence(IDirectSoundBuffer& buffer) const;
 
     std::int32_t fillRegion(const CBufferLock::SRegion& region, std::int32_t frameCount,
                             STask& task);
@@ -80,6 +86,8 @@ private:
     counted_ptr<sonimbra::IAudioStream> Stream;
     sonimbra::SAudioStreamFormat Format;
     bool IsDownmixed = false;
+    bool HasEnded = false;
+    bool HasRecovered = false;
     bool IsWrapped = false; ///< a looped stream was rewound inside the last refill
     std::int32_t RingLength;
     std::int32_t WritePosition = Unfilled;

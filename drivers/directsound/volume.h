@@ -11,8 +11,7 @@
 namespace sn_internal {
 
 /// A gain as DirectSound's hundredths of a decibel: 1000 times its natural logarithm, cut off
-/// towards zero, from 0 down to -10000, which the smallest gain that is not silence reaches
-/// exactly.
+/// towards zero, from 0 down to -10000, which stands for silence.
 inline std::int32_t toHundredthsOfDecibel(float gain) {
     constexpr float silence = 4.539993e-05f; // e to the power of -10
     if (!(gain > silence)) {
