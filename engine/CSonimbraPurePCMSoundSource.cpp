@@ -11,8 +11,8 @@ namespace {
 /// The format, with no more frames than the memory holds.
 sonimbra::SAudioStreamFormat fitted(sonimbra::SAudioStreamFormat format, std::int32_t sizeInBytes) {
     const std::int32_t frameSize = format.getFrameSize();
-    const std::int32_t held = frameSize < 1 ? 0 : sizeInBytes / frameSize;
-    format.FrameCount = std::min(format.FrameCount, held);
+    format.FrameCount =
+        frameSize < 1 ? 0 : std::clamp(format.FrameCount, -1, sizeInBytes / frameSize);
     return format;
 }
 
