@@ -54,7 +54,7 @@ void mend(std::uint8_t* data, std::size_t size) {
     std::size_t bodySize = 0;
     std::for_each(data + HeaderSize, body, [&](std::uint8_t lacing) { bodySize += lacing; });
     if (static_cast<std::size_t>(data + size - body) >= bodySize) {
-        ogg_page page = {data, body - data, body, static_cast<long>(bodySize)};
+        ogg_page page = {data, static_cast<long>(body - data), body, static_cast<long>(bodySize)};
         ogg_page_checksum_set(&page);
     }
 }
