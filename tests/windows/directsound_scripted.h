@@ -1,0 +1,215 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#pragma once
+
+#include "tests/support/ramp.h"
+
+#include <memory>
+#include <sstream>
+
+#include <dsound.h>
+
+namespace sn_test {
+
+/// What the scripted objects share. The journal holds calls with their plain arguments, such as
+/// "b0 SetVolume -100;", and ends of objects, such as "b0 freed;": b0 is the first buffer, b0.3d
+/// its 3D side. Objects stay when their last reference goes, so that later calls are found.
+struct SScript {
+    std::string Journal;
+    int Calls = 0;
+    int Failing = -1; ///< the call, counted from 0, that answers with a failure
+    std::vector<std::shared_ptr<void>> Objects;
+    std::vector<struct SScriptedBuffer*> Buffers;
+};
+inline SScript Script;
+
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // as the system's interfaces are
+
+struct SScriptedObject : IUnknown {
+    explicit SScriptedObject(std::string name) : Name(std::move(name)) {}
+    ~SScriptedObject() { EXPECT_EQ(0u, References) << Name; }
+
+    HRESULT WINAPI QueryInterface(REFIID, void** result) override {
+        AddRef();
+        *result = this;
+        return S_OK;
+    }
+    ULONG WINAPI AddRef() override { return ++References; }
+    ULONG WINAPI Release() override {
+        Script.Journal += References == 1 ? Name + " freed;" : "";
+        return --References;
+    }
+    template <class... Args>
+    HRESULT note(const char* function, const Args&... arguments) {
+        std::ostringstream line;
+        line << Name << ' ' << function;
+        ((line << ' ' << arguments), ...);
+        EXPECT_NE(0u, References) << line.str();
+        Script.Journal += line.str() + ";";
+        return Script.Calls++ == Script.Failing ? E_FAIL : S_OK;
+    }
+
+    const std::string Name;
+    ULONG References = 1;
+};
+
+template <class T, class... Args>
+T* addScripted(const Args&... arguments) {
+    Script.Objects.push_back(std::make_shared<T>(arguments...));
+    return static_cast<T*>(Script.Objects.back().get());
+}
+
+// Callers find the functions by their places, which are those of the interfaces. These define one,
+// one that does no more than to be noted, and a place that no caller may use.
+#define DOES(name, parameters, answer)                                                             \
+    virtual HRESULT WINAPI name parameters {                                                       \
+        return answer;                                                                             \
+    }
+#define NOTES(name, parameters, ...) DOES(name, parameters, note(#name __VA_OPT__(, ) __VA_ARGS__))
+#define GAP(name) NOTES(name, ())
+
+/// Has gaps up to the place before this one.
+template <int place>
+struct SFrom : SFrom<place - 1> {
+    using SFrom<place - 1>::SFrom;
+    virtual HRESULT WINAPI gap(std::integral_constant<int, place>) { return this->note("gap"); }
+};
+template <>
+struct SFrom<3> : SScriptedObject {
+    using SScriptedObject::SScriptedObject;
+};
+
+struct SScripted3DBuffer final : SFrom<16> {
+    using SFrom::SFrom;
+    NOTES(SetMaxDistance, (float d, DWORD when), d, when);
+    NOTES(SetMinDistance, (float d, DWORD when), d, when);
+    GAP(SetMode);
+    NOTES(SetPosition, (float x, float y, float z, DWORD when), x, y, z, when);
+    NOTES(SetVelocity, (float x, float y, float z, DWORD when), x, y, z, when);
+};
+
+struct SScriptedListener final : SFrom<11> {
+    using SFrom::SFrom;
+    NOTES(SetDistanceFactor, (float f, DWORD when), f, when);
+    NOTES(SetDopplerFactor, (float f, DWORD when), f, when);
+    NOTES(SetOrientation, (float x, float y, float z, float u, float v, float w, DWORD d), x, y, z,
+          u, v, w, d);
+    NOTES(SetPosition, (float x, float y, float z, DWORD when), x, y, z, when);
+    NOTES(SetRolloffFactor, (float f, DWORD when), f, when);
+    NOTES(SetVelocity, (float x, float y, float z, DWORD when), x, y, z, when);
+    NOTES(CommitDeferredSettings, ());
+};
+
+struct SScriptedBuffer final : SFrom<4> {
+    SScriptedBuffer(const std::string& name, const WAVEFORMATEX& format,
+                    const std::shared_ptr<Bytes>& memory)
+        : SFrom(name), Format(format), Memory(memory) {
+        Script.Buffers.push_back(this);
+    }
+    HRESULT WINAPI QueryInterface(REFIID id, void** result) override {
+        const HRESULT answer = note("Query", id.Data1 & 0xff);
+        if (FAILED(answer)) {
+            return answer;
+        }
+        if (id == IID_IDirectSound3DBuffer) {
+            return set(*result, addScripted<SScripted3DBuffer>(Name + ".3d"), answer);
+        }
+        if (id == IID_IDirectSound3DListener) {
+            return set(*result, addScripted<SScriptedListener>("listener"), answer);
+        }
+        return SScriptedObject::QueryInterface(id, result);
+    }
+    template <class T, class U>
+    static HRESULT set(T& target, U value, HRESULT answer) {
+        target = SUCCEEDED(answer) ? value : target;
+        return answer;
+    }
+    DOES(GetCurrentPosition, (DWORD * at, DWORD*), set(*at, Cursor, note("GetCurrentPosition")));
+    GAP(GetFormat);
+    GAP(GetVolume);
+    GAP(GetPan);
+    DOES(GetFrequency, (DWORD * rate), set(*rate, Format.nSamplesPerSec, note("GetFrequency")));
+    DOES(GetStatus, (DWORD * value), set(*value, Status, note("GetStatus")));
+    GAP(Initialize);
+    virtual HRESULT WINAPI Lock(DWORD offset, DWORD size, void** first, DWORD* firstSize,
+                                void** second, DWORD* secondSize, DWORD) {
+        const auto whole = static_cast<DWORD>(Memory->size());
+        if (FAILED(note("Lock", offset, size)) || IsLost || size - 1 >= whole || offset >= whole) {
+            return IsLost ? DSERR_BUFFERLOST : DSERR_INVALIDPARAM;
+        }
+        *firstSize = std::min(size, whole - offset);
+        *first = Memory->data() + offset;
+        *secondSize = size - *firstSize;
+        *second = *secondSize == 0 ? nullptr : Memory->data();
+        return DS_OK;
+    }
+    DOES(Play, (DWORD, DWORD, DWORD flags),
+         IsLost ? DSERR_BUFFERLOST : set(Status, 1u, note("Play", flags)));
+    DOES(SetCurrentPosition, (DWORD value), set(Cursor, value, note("SetCurrentPosition", value)));
+    GAP(SetFormat);
+    NOTES(SetVolume, (LONG volume), volume);
+    NOTES(SetPan, (LONG pan), pan);
+    DOES(SetFrequency, (DWORD f), set(Format.nSamplesPerSec, f, note("SetFrequency", f)));
+    DOES(Stop, (), set(Status, 0u, note("Stop")));
+    NOTES(Unlock, (void*, DWORD first, void*, DWORD second), first, second);
+    DOES(Restore, (), set(IsLost, false, note("Restore")));
+
+    WAVEFORMATEX Format;
+    std::shared_ptr<Bytes> Memory; ///< duplicates share it
+    DWORD Cursor = 0;              ///< in bytes
+    DWORD Status = 0;
+    bool IsLost = false; ///< until it is restored
+};
+
+struct SScriptedDevice final : SFrom<3> {
+    using SFrom::SFrom;
+    template <class... Args>
+    HRESULT give(HRESULT answer, SScriptedBuffer** result, const Args&... arguments) {
+        const std::string name = "b" + std::to_string(Script.Buffers.size());
+        *result = FAILED(answer) ? nullptr : addScripted<SScriptedBuffer>(name, arguments...);
+        return answer;
+    }
+    virtual HRESULT WINAPI CreateSoundBuffer(const DSBUFFERDESC* wanted, SScriptedBuffer** result,
+                                             IUnknown*) {
+        const WAVEFORMATEX format =
+            wanted->lpwfxFormat == nullptr ? WAVEFORMATEX() : *wanted->lpwfxFormat;
+        char text[32];
+        std::snprintf(text, sizeof(text), "%lx %lu", wanted->dwFlags, wanted->dwBufferBytes);
+        const bool isWrong = wanted->dwSize != sizeof(*wanted) ||
+                             (wanted->dwBufferBytes == 0) != (format.cbSize == 0);
+        return give(note("Create", text) | (isWrong ? DSERR_INVALIDPARAM : 0), result, format,
+                    std::make_shared<Bytes>(wanted->dwBufferBytes, std::uint8_t(0xee)));
+    }
+    GAP(GetCaps);
+    DOES(DuplicateSoundBuffer, (SScriptedBuffer * from, SScriptedBuffer** result),
+         give(note("Duplicate", from->Name), result, from->Format, from->Memory));
+    NOTES(SetCooperativeLevel, (HWND window, DWORD level), IsWindow(window), level);
+    GAP(Compact);
+    GAP(GetSpeakerConfig);
+    GAP(SetSpeakerConfig);
+    NOTES(Initialize, (const GUID* id), id->Data1);
+};
+
+/// While it lives, COM makes scripted devices of one generation on this thread.
+struct SScriptedDirectSound final : SFrom<3> {
+    explicit SScriptedDirectSound(const CLSID& device) : SFrom("COM") {
+        CoInitialize(nullptr);
+        CoRegisterClassObject(device, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &Id);
+    }
+    ~SScriptedDirectSound() {
+        CoRevokeClassObject(Id);
+        CoUninitialize();
+        Release();
+        Script = {};
+    }
+    virtual HRESULT WINAPI CreateInstance(IUnknown*, REFIID, void** result) {
+        const HRESULT answer = note("Create");
+        *result = FAILED(answer) ? nullptr : addScripted<SScriptedDevice>("device");
+        return answer;
+    }
+
+    DWORD Id = 0;
+};
+
+} // namespace sn_test
