@@ -73,14 +73,14 @@ TEST_F(Plugins, AreLoadedFromAFolder) {
 
 TEST_F(Plugins, AreSearchedByOneEngineAtATime) {
     fs::current_path(ProgramFolder);
-    const auto search = [] {
-        const OfflineEngine engine = offlineEngine(0);
+    const OfflineEngine engines[] = {offlineEngine(0), offlineEngine(0)};
+    const auto search = [](ISoundEngine* engine) {
         for (int i = 0; i < 200; ++i) {
             EXPECT_TRUE(engine->loadPlugins("elsewhere"));
         }
     };
-    std::thread other(search);
-    search();
+    std::thread other(search, engines[0].get());
+    search(engines[1].get());
     other.join();
 }
 
