@@ -26,15 +26,21 @@ inline SScript Script;
 
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // as the system's interfaces are
 
+// Callers find functions by their places, which are those of the interfaces. These define one, one
+// that does no more than to be noted, and places that no caller may use.
+#define DOES(name, parameters, answer)                                                             \
+    virtual HRESULT WINAPI name parameters {                                                       \
+        return answer;                                                                             \
+    }
+#define NOTES(name, parameters, ...) DOES(name, parameters, note(#name __VA_OPT__(, ) __VA_ARGS__))
+#define GAP(name) NOTES(name, ())
+#define GAP3(name) GAP(name##0) GAP(name##1) GAP(name##2)
+
 struct SScriptedObject : IUnknown {
     explicit SScriptedObject(std::string name) : Name(std::move(name)) {}
     ~SScriptedObject() { EXPECT_EQ(0u, References) << Name; }
 
-    HRESULT WINAPI QueryInterface(REFIID, void** result) override {
-        AddRef();
-        *result = this;
-        return S_OK;
-    }
+    DOES(QueryInterface, (REFIID, void** result), (AddRef(), *result = this, S_OK));
     ULONG WINAPI AddRef() override { return ++References; }
     ULONG WINAPI Release() override {
         Script.Journal += References == 1 ? Name + " freed;" : "";
@@ -60,37 +66,18 @@ T* addScripted(const Args&... arguments) {
     return static_cast<T*>(Script.Objects.back().get());
 }
 
-// Callers find the functions by their places, which are those of the interfaces. These define one,
-// one that does no more than to be noted, and a place that no caller may use.
-#define DOES(name, parameters, answer)                                                             \
-    virtual HRESULT WINAPI name parameters {                                                       \
-        return answer;                                                                             \
-    }
-#define NOTES(name, parameters, ...) DOES(name, parameters, note(#name __VA_OPT__(, ) __VA_ARGS__))
-#define GAP(name) NOTES(name, ())
-
-/// Has gaps up to the place before this one.
-template <int place>
-struct SFrom : SFrom<place - 1> {
-    using SFrom<place - 1>::SFrom;
-    virtual HRESULT WINAPI gap(std::integral_constant<int, place>) { return this->note("gap"); }
-};
-template <>
-struct SFrom<3> : SScriptedObject {
+struct SScripted3DBuffer final : SScriptedObject {
     using SScriptedObject::SScriptedObject;
-};
-
-struct SScripted3DBuffer final : SFrom<16> {
-    using SFrom::SFrom;
+    GAP3(a) GAP3(b) GAP3(c) GAP3(d) GAP(e);
     NOTES(SetMaxDistance, (float d, DWORD when), d, when);
     NOTES(SetMinDistance, (float d, DWORD when), d, when);
-    GAP(SetMode);
-    NOTES(SetPosition, (float x, float y, float z, DWORD when), x, y, z, when);
+    GAP(f) NOTES(SetPosition, (float x, float y, float z, DWORD when), x, y, z, when);
     NOTES(SetVelocity, (float x, float y, float z, DWORD when), x, y, z, when);
 };
 
-struct SScriptedListener final : SFrom<11> {
-    using SFrom::SFrom;
+struct SScriptedListener final : SScriptedObject {
+    using SScriptedObject::SScriptedObject;
+    GAP3(a) GAP3(b) GAP(c) GAP(d);
     NOTES(SetDistanceFactor, (float f, DWORD when), f, when);
     NOTES(SetDopplerFactor, (float f, DWORD when), f, when);
     NOTES(SetOrientation, (float x, float y, float z, float u, float v, float w, DWORD d), x, y, z,
@@ -101,42 +88,39 @@ struct SScriptedListener final : SFrom<11> {
     NOTES(CommitDeferredSettings, ());
 };
 
-struct SScriptedBuffer final : SFrom<4> {
+struct SScriptedBuffer final : SScriptedObject {
     SScriptedBuffer(const std::string& name, const WAVEFORMATEX& format,
                     const std::shared_ptr<Bytes>& memory)
-        : SFrom(name), Format(format), Memory(memory) {
+        : SScriptedObject(name), Format(format), Memory(memory) {
         Script.Buffers.push_back(this);
     }
     HRESULT WINAPI QueryInterface(REFIID id, void** result) override {
         const HRESULT answer = note("Query", id.Data1 & 0xff);
-        if (FAILED(answer)) {
-            return answer;
+        if (SUCCEEDED(answer)) {
+            *result = id == IID_IDirectSound3DBuffer ? addScripted<SScripted3DBuffer>(Name + ".3d")
+                      : id == IID_IDirectSound3DListener
+                          ? static_cast<void*>(addScripted<SScriptedListener>("listener"))
+                          : (AddRef(), this);
         }
-        if (id == IID_IDirectSound3DBuffer) {
-            return set(*result, addScripted<SScripted3DBuffer>(Name + ".3d"), answer);
-        }
-        if (id == IID_IDirectSound3DListener) {
-            return set(*result, addScripted<SScriptedListener>("listener"), answer);
-        }
-        return SScriptedObject::QueryInterface(id, result);
+        return answer;
     }
-    template <class T, class U>
-    static HRESULT set(T& target, U value, HRESULT answer) {
+    static HRESULT set(DWORD& target, DWORD value, HRESULT answer) {
         target = SUCCEEDED(answer) ? value : target;
         return answer;
     }
+    GAP(a)
     DOES(GetCurrentPosition, (DWORD * at, DWORD*), set(*at, Cursor, note("GetCurrentPosition")));
-    GAP(GetFormat);
-    GAP(GetVolume);
-    GAP(GetPan);
+    GAP3(b)
     DOES(GetFrequency, (DWORD * rate), set(*rate, Format.nSamplesPerSec, note("GetFrequency")));
-    DOES(GetStatus, (DWORD * value), set(*value, Status, note("GetStatus")));
-    GAP(Initialize);
+    DOES(GetStatus, (DWORD * value), set(*value, DSBSTATUS_PLAYING, note("GetStatus")));
+    GAP(c);
     virtual HRESULT WINAPI Lock(DWORD offset, DWORD size, void** first, DWORD* firstSize,
                                 void** second, DWORD* secondSize, DWORD) {
         const auto whole = static_cast<DWORD>(Memory->size());
-        if (FAILED(note("Lock", offset, size)) || IsLost || size - 1 >= whole || offset >= whole) {
-            return IsLost ? DSERR_BUFFERLOST : DSERR_INVALIDPARAM;
+        const bool isOutside = size - 1 >= whole || offset >= whole;
+        const HRESULT answer = note("Lock", offset, size) | Loss;
+        if (FAILED(answer) || isOutside) {
+            return isOutside ? DSERR_INVALIDPARAM : answer;
         }
         *firstSize = std::min(size, whole - offset);
         *first = Memory->data() + offset;
@@ -144,26 +128,23 @@ struct SScriptedBuffer final : SFrom<4> {
         *second = *secondSize == 0 ? nullptr : Memory->data();
         return DS_OK;
     }
-    DOES(Play, (DWORD, DWORD, DWORD flags),
-         IsLost ? DSERR_BUFFERLOST : set(Status, 1u, note("Play", flags)));
+    DOES(Play, (DWORD, DWORD, DWORD flags), note("Play", flags) | Loss);
     DOES(SetCurrentPosition, (DWORD value), set(Cursor, value, note("SetCurrentPosition", value)));
-    GAP(SetFormat);
-    NOTES(SetVolume, (LONG volume), volume);
+    GAP(d) NOTES(SetVolume, (LONG volume), volume);
     NOTES(SetPan, (LONG pan), pan);
     DOES(SetFrequency, (DWORD f), set(Format.nSamplesPerSec, f, note("SetFrequency", f)));
-    DOES(Stop, (), set(Status, 0u, note("Stop")));
+    NOTES(Stop, ());
     NOTES(Unlock, (void*, DWORD first, void*, DWORD second), first, second);
-    DOES(Restore, (), set(IsLost, false, note("Restore")));
+    DOES(Restore, (), (Loss = DS_OK, note("Restore")));
 
     WAVEFORMATEX Format;
     std::shared_ptr<Bytes> Memory; ///< duplicates share it
     DWORD Cursor = 0;              ///< in bytes
-    DWORD Status = 0;
-    bool IsLost = false; ///< until it is restored
+    HRESULT Loss = DS_OK;          ///< the answer of a lost buffer, until it is restored
 };
 
-struct SScriptedDevice final : SFrom<3> {
-    using SFrom::SFrom;
+struct SScriptedDevice final : SScriptedObject {
+    using SScriptedObject::SScriptedObject;
     template <class... Args>
     HRESULT give(HRESULT answer, SScriptedBuffer** result, const Args&... arguments) {
         const std::string name = "b" + std::to_string(Script.Buffers.size());
@@ -181,19 +162,16 @@ struct SScriptedDevice final : SFrom<3> {
         return give(note("Create", text) | (isWrong ? DSERR_INVALIDPARAM : 0), result, format,
                     std::make_shared<Bytes>(wanted->dwBufferBytes, std::uint8_t(0xee)));
     }
-    GAP(GetCaps);
+    GAP(a)
     DOES(DuplicateSoundBuffer, (SScriptedBuffer * from, SScriptedBuffer** result),
          give(note("Duplicate", from->Name), result, from->Format, from->Memory));
     NOTES(SetCooperativeLevel, (HWND window, DWORD level), IsWindow(window), level);
-    GAP(Compact);
-    GAP(GetSpeakerConfig);
-    GAP(SetSpeakerConfig);
-    NOTES(Initialize, (const GUID* id), id->Data1);
+    GAP3(b) NOTES(Initialize, (const GUID* id), id->Data1);
 };
 
 /// While it lives, COM makes scripted devices of one generation on this thread.
-struct SScriptedDirectSound final : SFrom<3> {
-    explicit SScriptedDirectSound(const CLSID& device) : SFrom("COM") {
+struct SScriptedDirectSound final : SScriptedObject {
+    explicit SScriptedDirectSound(const CLSID& device) : SScriptedObject("COM") {
         CoInitialize(nullptr);
         CoRegisterClassObject(device, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &Id);
     }
