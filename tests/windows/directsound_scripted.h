@@ -12,9 +12,8 @@
 
 namespace sn_test {
 
-/// What the scripted objects share. The journal holds calls with their plain arguments, such as
-/// "b0 SetVolume -100;", and ends of objects, such as "b0 freed;": b0 is the first buffer, b0.3d
-/// its 3D side. Objects stay when their last reference goes, so that later calls are found.
+/// Calls with their plain arguments, such as "b0 SetVolume -100;" for the first buffer, and ends of
+/// objects, such as "b0.3d freed;". The objects stay, so that later calls are found.
 struct SScript {
     std::string Journal;
     int Calls = 0;
@@ -26,8 +25,7 @@ inline SScript Script;
 
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // as the system's interfaces are
 
-// Callers find functions by their places, which are those of the interfaces. These define one, one
-// that does no more than to be noted, and places that no caller may use.
+// Functions at the places of the interfaces'; notes do nothing more, gaps are for nobody to call.
 #define DOES(name, parameters, answer)                                                             \
     virtual HRESULT WINAPI name parameters {                                                       \
         return answer;                                                                             \
@@ -39,7 +37,6 @@ inline SScript Script;
 struct SScriptedObject : IUnknown {
     explicit SScriptedObject(std::string name) : Name(std::move(name)) {}
     ~SScriptedObject() { EXPECT_EQ(0u, References) << Name; }
-
     DOES(QueryInterface, (REFIID, void** result), (AddRef(), *result = this, S_OK));
     ULONG WINAPI AddRef() override { return ++References; }
     ULONG WINAPI Release() override {
@@ -55,7 +52,6 @@ struct SScriptedObject : IUnknown {
         Script.Journal += line.str() + ";";
         return Script.Calls++ == Script.Failing ? E_FAIL : S_OK;
     }
-
     const std::string Name;
     ULONG References = 1;
 };
@@ -117,10 +113,9 @@ struct SScriptedBuffer final : SScriptedObject {
     virtual HRESULT WINAPI Lock(DWORD offset, DWORD size, void** first, DWORD* firstSize,
                                 void** second, DWORD* secondSize, DWORD) {
         const auto whole = static_cast<DWORD>(Memory->size());
-        const bool isOutside = size - 1 >= whole || offset >= whole;
         const HRESULT answer = note("Lock", offset, size) | Loss;
-        if (FAILED(answer) || isOutside) {
-            return isOutside ? DSERR_INVALIDPARAM : answer;
+        if (FAILED(answer) || size - 1 >= whole || offset >= whole) {
+            return FAILED(answer) ? answer : DSERR_INVALIDPARAM;
         }
         *firstSize = std::min(size, whole - offset);
         *first = Memory->data() + offset;
@@ -136,7 +131,6 @@ struct SScriptedBuffer final : SScriptedObject {
     NOTES(Stop, ());
     NOTES(Unlock, (void*, DWORD first, void*, DWORD second), first, second);
     DOES(Restore, (), (Loss = DS_OK, note("Restore")));
-
     WAVEFORMATEX Format;
     std::shared_ptr<Bytes> Memory; ///< duplicates share it
     DWORD Cursor = 0;              ///< in bytes
@@ -153,13 +147,11 @@ struct SScriptedDevice final : SScriptedObject {
     }
     virtual HRESULT WINAPI CreateSoundBuffer(const DSBUFFERDESC* wanted, SScriptedBuffer** result,
                                              IUnknown*) {
-        const WAVEFORMATEX format =
-            wanted->lpwfxFormat == nullptr ? WAVEFORMATEX() : *wanted->lpwfxFormat;
+        EXPECT_EQ(sizeof(*wanted), wanted->dwSize);
+        const WAVEFORMATEX* const format = wanted->lpwfxFormat;
         char text[32];
         std::snprintf(text, sizeof(text), "%lx %lu", wanted->dwFlags, wanted->dwBufferBytes);
-        const bool isWrong = wanted->dwSize != sizeof(*wanted) ||
-                             (wanted->dwBufferBytes == 0) != (format.cbSize == 0);
-        return give(note("Create", text) | (isWrong ? DSERR_INVALIDPARAM : 0), result, format,
+        return give(note("Create", text), result, format == nullptr ? WAVEFORMATEX() : *format,
                     std::make_shared<Bytes>(wanted->dwBufferBytes, std::uint8_t(0xee)));
     }
     GAP(a)
@@ -186,7 +178,6 @@ struct SScriptedDirectSound final : SScriptedObject {
         *result = FAILED(answer) ? nullptr : addScripted<SScriptedDevice>("device");
         return answer;
     }
-
     DWORD Id = 0;
 };
 
