@@ -6,6 +6,7 @@
 #include "tests/support/log_capture.h"
 #include "tests/windows/directsound_scripted.h"
 
+#include <cmath>
 #include <set>
 
 namespace {
@@ -96,7 +97,12 @@ TEST_P(DirectSoundDriver, CallsTheSystemInOrderAndSurvivesItsFailures) {
     EXPECT_EQ(rampBytes(streamFormat(1, 100, 1000), 0, 100), *Script.Buffers[2]->Memory);
     EXPECT_EQ(isNew(), Script.Journal.find("Create 182b0 200;") != std::string::npos);
     EXPECT_EQ(18, Script.Buffers[2]->Format.cbSize);
-    EXPECT_EQ(-10000, sn_internal::toHundredthsOfDecibel(4.539993e-05f));
+    const std::pair<float, int> gains[] = {{-1.0f, -10000}, {0.0f, -10000}, {4.539993e-05f, -10000},
+                                           {0.1f, -2302},   {0.5f, -693},   {1.0f, 0},
+                                           {2.0f, 0},       {NAN, -10000}};
+    for (const auto& [gain, hundredths] : gains) {
+        EXPECT_EQ(hundredths, sn_internal::toHundredthsOfDecibel(gain)) << gain;
+    }
 }
 
 const struct {
@@ -141,6 +147,61 @@ TEST_P(DirectSoundDriver, RefillsTheRing) {
             EXPECT_EQ(cursor > 0 && position == 0, sound->isFinished()) << i << ", " << cursor;
         }
     }
+}
+
+/// Counts a word of the journal.
+int occurrences(const std::string& word) {
+    int count = 0;
+    for (std::size_t at = 0; (at = Script.Journal.find(word, at)) != std::string::npos; ++at) {
+        ++count;
+    }
+    return count;
+}
+
+TEST_P(DirectSoundDriver, CopiesSamplesOnceForAHundredSounds) {
+    create(0);
+    std::vector<Sound> sounds;
+    sounds.push_back(play("s", createRampStream(Stereo)));
+    while (sounds.size() < 100) {
+        sounds.push_back(play("s", nullptr));
+    }
+    EXPECT_EQ(occurrences("Lock "), 1);
+    EXPECT_EQ(occurrences("Duplicate b0;"), 99);
+    EXPECT_EQ(occurrences("Create 180e2 400;"), 1);
+}
+
+/// Delivers what it has once, and is never at another place.
+struct CStubbornStream final : CScriptedStream {
+    using CScriptedStream::CScriptedStream;
+    bool setPosition(std::int32_t) override { return false; }
+};
+
+TEST_P(DirectSoundDriver, SeeksAndJudgesOddStreams) {
+    create(0);
+    const SAudioStreamFormat format = streamFormat(2, 2500, 1000);
+    const Sound whole = play("r1", createRampStream(format));
+    EXPECT_TRUE(whole->setPlayPosition(1500));
+    EXPECT_EQ(rampBytes(format, 1500, 1000), *Script.Buffers.back()->Memory);
+    EXPECT_EQ(whole->getPlayPosition(), 1500u);
+    EXPECT_TRUE(whole->setPlayPosition(99999));
+    EXPECT_EQ(Bytes(4000), *Script.Buffers.back()->Memory) << "silence behind the end";
+
+    // Neither a length nor a way back: a looped stream learns its length when nothing comes.
+    const Sound endless =
+        play("r2", new CStubbornStream(streamFormat(2, 0, 1000), Bytes(6000)), false, true);
+    for (const DWORD frame : {700, 200, 900}) {
+        Script.Buffers.back()->Cursor = frame * 4;
+        Driver->update();
+    }
+    EXPECT_EQ(endless->getPlayPosition(), 1900u - 1500);
+    EXPECT_FALSE(endless->setPlayPosition(10));
+    EXPECT_FALSE(endless->isFinished());
+
+    const Sound standing = play("r3", createRampStream(streamFormat(2, 100, 0)));
+    EXPECT_EQ(standing->getPlayPosition(), UINT32_MAX);
+    EXPECT_FALSE(standing->setPlayPosition(10));
+    EXPECT_TRUE(play("s", createRampStream(streamFormat(2, 0, 1000)))->isFinished());
+    Driver->update();
 }
 
 } // namespace
