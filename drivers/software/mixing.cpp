@@ -17,6 +17,9 @@ bool isOne(float gain) {
 } // namespace
 
 SGains gainsOf(float volume, float pan) {
+    if (std::isnan(volume)) {
+        return {0.0f, 0.0f}; // a position in 3D that is no number
+    }
     SGains gains = {1.0f, 1.0f};
     if (pan > 0.0f) {
         gains.right = limited(1.0f - 10.0f * pan, 0.0f, 1.0f);

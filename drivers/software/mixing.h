@@ -8,7 +8,8 @@
 namespace sn_internal {
 
 /// Pan above 0 takes the right channel away, pan below 0 the left one, ten times as fast as it
-/// grows: from 0.1 on one side is silent. Both gains carry the volume.
+/// grows: from 0.1 on one side is silent. Both gains carry the volume;
+/// one that is no number is silence.
 SGains gainsOf(float volume, float pan);
 
 /// Scales samples in place; gains within 0.000001 of one leave them as they are.

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -34,6 +35,7 @@ TEST(MixerOutput, VolumeAndPan) {
         {20000, 4.0f, 0.0f, 32767, 32767}, // saturated
         {-20000, 1e30f, 0.0f, -32768, -32768},
         {10000, -0.5f, 0.0f, -5000, -5000},
+        {10000, NAN, 0.0f, 0, 0},
     };
     for (const SLevelCase& test : cases) {
         const OfflineEngine engine = offlineEngine();
