@@ -21,8 +21,9 @@ public:
     /// list.
     virtual const char* getDeviceID(std::int32_t index) = 0;
 
-    /// A description to show to people, in one line of UTF-8; "default device" for the default
-    /// record. Null when index is below 0 or not below the count. The text belongs to the list.
+    /// A description to show to people, in one line, as the platform gives it: UTF-8 from ALSA, the
+    /// system's code page from DirectSound; "default device" for the default record. Null when
+    /// index is below 0 or not below the count. The text belongs to the list.
     virtual const char* getDeviceDescription(std::int32_t index) = 0;
 };
 
