@@ -248,6 +248,7 @@ bool CStreamRing::seekToFrame(IDirectSoundBuffer& buffer, std::int32_t frame, bo
     LastPlayFrame = 0;
     FramesPlayed = 0;
     FramesWritten = 0;
+    HasEnded = false; // from the new position it may go on
     HasEnded = !refill(buffer, looped, false);
     FramesPlayed = wrappingSum(FramesPlayed, frame);
     FramesWritten = wrappingSum(FramesWritten, frame);

@@ -197,6 +197,16 @@ TEST_P(DirectSoundDriver, SeeksAndJudgesOddStreams) {
     EXPECT_FALSE(endless->setPlayPosition(10));
     EXPECT_FALSE(endless->isFinished());
 
+    // Looped over nothing it learns a length of 0: without the loop a seek finds the end, with it
+    // the next one goes on.
+    const Sound empty = play("r4", new CScriptedStream(streamFormat(2, 0, 1000), {}), false, true);
+    for (const bool looped : {false, true}) {
+        empty->setIsLooped(looped);
+        EXPECT_TRUE(empty->setPlayPosition(0));
+    }
+    Driver->update();
+    EXPECT_FALSE(empty->isFinished());
+
     const Sound standing = play("r3", createRampStream(streamFormat(2, 100, 0)));
     EXPECT_EQ(standing->getPlayPosition(), UINT32_MAX);
     EXPECT_FALSE(standing->setPlayPosition(10));
