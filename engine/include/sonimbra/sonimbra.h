@@ -8,6 +8,8 @@
 #include <sonimbra/E_SOUND_ENGINE_OPTIONS.h>
 #include <sonimbra/E_SOUND_OUTPUT_DRIVER.h>
 #include <sonimbra/E_STREAM_MODE.h>
+#include <sonimbra/IAudioRecorder.h>
+#include <sonimbra/IAudioRecorderReceiver.h>
 #include <sonimbra/IAudioStream.h>
 #include <sonimbra/IAudioStreamLoader.h>
 #include <sonimbra/IFileFactory.h>
@@ -60,5 +62,26 @@ createSonimbraOfflineDevice(int options = DefaultOptions,
 SONIMBRA_API ISoundDeviceList*
 createSoundDeviceList(E_SOUND_OUTPUT_DRIVER driver = E_SOUND_OUTPUT_DRIVER::AutoDetect,
                       const char* sdkVersion = SONIMBRA_VERSION);
+
+/// Creates a recorder for an engine, which may use any driver. The caller owns the result and ends
+/// it with drop(); it holds a reference on the engine.
+///   engine      gets the sound sources that are made from recordings
+///   driver      the capture driver: DirectSound8 or DirectSound on Windows, ALSA on Linux;
+///               AutoDetect stands for DirectSound8
+///   deviceID    a capture device's identifier (see createAudioRecorderDeviceList), null or empty
+///               for the default device, as is a DirectSound identifier that no device has; ALSA
+///               takes the name of a PCM as well
+///   sdkVersion  as for createSonimbraDevice
+/// Returns null when engine is null (a line in the log says so), the driver records nothing on this
+/// system, there is no capture device, or memory is out. Call it from the thread that uses the
+/// engine.
+SONIMBRA_API IAudioRecorder* createSonimbraAudioRecorder(
+    ISoundEngine* engine, E_SOUND_OUTPUT_DRIVER driver = E_SOUND_OUTPUT_DRIVER::AutoDetect,
+    const char* deviceID = nullptr, const char* sdkVersion = SONIMBRA_VERSION);
+
+/// Lists the capture devices of a driver; otherwise as createSoundDeviceList.
+SONIMBRA_API ISoundDeviceList*
+createAudioRecorderDeviceList(E_SOUND_OUTPUT_DRIVER driver = E_SOUND_OUTPUT_DRIVER::AutoDetect,
+                              const char* sdkVersion = SONIMBRA_VERSION);
 
 } // namespace sonimbra
