@@ -8,9 +8,9 @@ find_package(VorbisFile REQUIRED)
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 find_package(Threads REQUIRED)
 
-set(sonimbra_folders core io streams engine drivers/software)
+set(sonimbra_folders core io streams engine drivers/software recording binding/native)
 if(WIN32)
-  list(APPEND sonimbra_folders drivers/directsound)
+  list(APPEND sonimbra_folders drivers/directsound recording/directsound)
 endif()
 sonimbra_collect_sources(sonimbra_sources ${sonimbra_folders})
 file(GLOB sonimbra_public_headers CONFIGURE_DEPENDS

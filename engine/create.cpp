@@ -19,6 +19,8 @@
 namespace sn_internal {
 
 using sonimbra::E_SOUND_OUTPUT_DRIVER;
+using sonimbra::IAudioRecorder;
+using sonimbra::ISoundDeviceList;
 using sonimbra::ISoundEngine;
 using sonimbra::vec3df;
 
@@ -124,6 +126,47 @@ ISoundEngine* createDetectedEngine(const SEngineArguments& arguments) {
     return accepted(engine);
 }
 
+/// Automatic detection stands for the first driver that it would try.
+E_SOUND_OUTPUT_DRIVER firstDriver(E_SOUND_OUTPUT_DRIVER driver) {
+    return driver == E_SOUND_OUTPUT_DRIVER::AutoDetect ? nextDriverToTry(driver) : driver;
+}
+
+/// The list that a driver makes; the default record alone when it makes none or memory is out.
+ISoundDeviceList* createDeviceList(CSoundDeviceList* (*create)(E_SOUND_OUTPUT_DRIVER),
+                                   E_SOUND_OUTPUT_DRIVER driver) {
+    CSoundDeviceList* const none = nullptr;
+    CSoundDeviceList* list = withoutExceptions(none, [&] { return create(firstDriver(driver)); });
+    return list != nullptr ? list : new CSoundDeviceList;
+}
+
+/// The recorder when it has a device; otherwise it is dropped. A driver of 0, which detection may
+/// come to, counts as DirectSound.
+IAudioRecorder* createRecorderForDriver(E_SOUND_OUTPUT_DRIVER driver, ISoundEngine* engine,
+                                        const char* deviceID) {
+    if (driver == E_SOUND_OUTPUT_DRIVER::AutoDetect) {
+        driver = E_SOUND_OUTPUT_DRIVER::DirectSound;
+    }
+    IAudioRecorder* const none = nullptr;
+    IAudioRecorder* recorder =
+        withoutExceptions(none, [&] { return createPlatformRecorder(driver, engine, deviceID); });
+    if (recorder == nullptr || recorder->isDriverInitialized()) {
+        return recorder;
+    }
+    recorder->drop();
+    return nullptr;
+}
+
+IAudioRecorder* createRecorder(E_SOUND_OUTPUT_DRIVER driver, ISoundEngine* engine,
+                               const char* deviceID) {
+    const E_SOUND_OUTPUT_DRIVER first = firstDriver(driver);
+    if (IAudioRecorder* recorder = createRecorderForDriver(first, engine, deviceID)) {
+        return recorder;
+    }
+    const E_SOUND_OUTPUT_DRIVER none = E_SOUND_OUTPUT_DRIVER::AutoDetect;
+    const E_SOUND_OUTPUT_DRIVER second = driver == none ? nextDriverToTry(first) : none;
+    return second == none ? nullptr : createRecorderForDriver(second, engine, deviceID);
+}
+
 } // namespace
 
 void logUnsupportedDriver(E_SOUND_OUTPUT_DRIVER driver) {
@@ -165,14 +208,32 @@ IOfflineSoundEngine* createSonimbraOfflineDevice(int options, const char* sdkVer
 }
 
 ISoundDeviceList* createSoundDeviceList(E_SOUND_OUTPUT_DRIVER driver, const char* sdkVersion) {
-    CSoundDeviceList* const none = nullptr;
+    ISoundDeviceList* const none = nullptr;
     return withoutExceptions(none, [&] {
         checkSdkVersion(sdkVersion);
-        const E_SOUND_OUTPUT_DRIVER listed =
-            driver == E_SOUND_OUTPUT_DRIVER::AutoDetect ? nextDriverToTry(driver) : driver;
-        CSoundDeviceList* list =
-            withoutExceptions(none, [listed] { return createPlatformDeviceList(listed); });
-        return list != nullptr ? list : new CSoundDeviceList;
+        return createDeviceList(createPlatformDeviceList, driver);
+    });
+}
+
+IAudioRecorder* createSonimbraAudioRecorder(ISoundEngine* engine, E_SOUND_OUTPUT_DRIVER driver,
+                                            const char* deviceID, const char* sdkVersion) {
+    IAudioRecorder* const none = nullptr;
+    return withoutExceptions(none, [&] {
+        checkSdkVersion(sdkVersion);
+        if (engine == nullptr) {
+            logText("Cannot create IAudioRecorder, no SonimbraDevice provided.");
+            return none;
+        }
+        return createRecorder(driver, engine, deviceID);
+    });
+}
+
+ISoundDeviceList* createAudioRecorderDeviceList(E_SOUND_OUTPUT_DRIVER driver,
+                                                const char* sdkVersion) {
+    ISoundDeviceList* const none = nullptr;
+    return withoutExceptions(none, [&] {
+        checkSdkVersion(sdkVersion);
+        return createDeviceList(createPlatformCaptureDeviceList, driver);
     });
 }
 

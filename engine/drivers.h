@@ -6,8 +6,9 @@
 #include <sonimbra/E_SOUND_OUTPUT_DRIVER.h>
 
 namespace sonimbra {
+class IAudioRecorder;
 class ISoundEngine;
-}
+} // namespace sonimbra
 namespace sn_internal::io {
 class IFileSystem;
 }
@@ -32,6 +33,15 @@ sonimbra::ISoundEngine* createPlatformEngine(sonimbra::E_SOUND_OUTPUT_DRIVER dri
 /// Lists the devices of such a driver, with one reference for the caller. Returns null when the
 /// driver has no list on this system.
 CSoundDeviceList* createPlatformDeviceList(sonimbra::E_SOUND_OUTPUT_DRIVER driver);
+
+/// Makes the recorder of such a driver, with one reference for the caller; isDriverInitialized
+/// tells whether it has a device. Returns null when the driver does not record on this system.
+sonimbra::IAudioRecorder* createPlatformRecorder(sonimbra::E_SOUND_OUTPUT_DRIVER driver,
+                                                 sonimbra::ISoundEngine* engine,
+                                                 const char* deviceID);
+
+/// Lists the devices that such a driver records from; otherwise as createPlatformDeviceList.
+CSoundDeviceList* createPlatformCaptureDeviceList(sonimbra::E_SOUND_OUTPUT_DRIVER driver);
 
 /// Says in the log that a driver does not exist on this system.
 void logUnsupportedDriver(sonimbra::E_SOUND_OUTPUT_DRIVER driver);

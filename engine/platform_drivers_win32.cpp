@@ -4,6 +4,7 @@
 #include "drivers/directsound/directsound_engines.h"
 #include "drivers/software/winmm_engine.h"
 #include "engine/drivers.h"
+#include "recording/directsound/directsound_recorders.h"
 
 namespace sn_internal {
 
@@ -31,6 +32,30 @@ CSoundDeviceList* createPlatformDeviceList(E_SOUND_OUTPUT_DRIVER driver) {
         return createDirectSound8DeviceList();
     case E_SOUND_OUTPUT_DRIVER::DirectSound:
         return createDirectSoundDeviceList();
+    default:
+        return nullptr;
+    }
+}
+
+sonimbra::IAudioRecorder* createPlatformRecorder(E_SOUND_OUTPUT_DRIVER driver,
+                                                 sonimbra::ISoundEngine* engine,
+                                                 const char* deviceID) {
+    switch (driver) {
+    case E_SOUND_OUTPUT_DRIVER::DirectSound8:
+        return createDirectSound8Recorder(engine, deviceID);
+    case E_SOUND_OUTPUT_DRIVER::DirectSound:
+        return createDirectSoundRecorder(engine, deviceID);
+    default:
+        return nullptr;
+    }
+}
+
+CSoundDeviceList* createPlatformCaptureDeviceList(E_SOUND_OUTPUT_DRIVER driver) {
+    switch (driver) {
+    case E_SOUND_OUTPUT_DRIVER::DirectSound8:
+        return createDirectSound8CaptureDeviceList();
+    case E_SOUND_OUTPUT_DRIVER::DirectSound:
+        return createDirectSoundCaptureDeviceList();
     default:
         return nullptr;
     }
