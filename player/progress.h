@@ -8,6 +8,7 @@
 #include <string>
 
 #include "player/batch.h"
+#include "player/status_line.h"
 
 namespace player {
 
@@ -28,14 +29,10 @@ public:
     void end(Batch& batch, bool stopped);
 
 private:
-    void draw(const std::string& name, const std::string& times, const std::string& extra);
-
-    bool Plain;
-    bool Live;
+    StatusLine Line;
     std::string Verb;
     std::optional<std::int32_t> Peak; ///< the largest since the line was drawn
     std::chrono::steady_clock::time_point NextDraw;
-    int DrawnColumns = 0;
 };
 
 } // namespace player
