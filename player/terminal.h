@@ -22,8 +22,7 @@ bool outputIsTerminal();
 /// Width of that terminal in characters; 80 when it is not known.
 int columns();
 
-/// True from the first Ctrl-C (or request to terminate) on. The second one ends the process at
-/// once.
+/// True from the first Ctrl-C (or request to terminate) on; further ones change nothing.
 bool stopRequested();
 
 /// Opens a file for binary writing, empty. Returns null, with errno set, on failure.
