@@ -16,10 +16,9 @@ namespace player {
 namespace {
 
 constexpr std::uint32_t HEADER_BYTES = 44;
-constexpr std::uint32_t FRAME_BYTES = 4;
-constexpr std::uint32_t SAMPLE_RATE = 44100;
-/// The size field of the outer chunk counts all bytes after itself, 36 of them header.
-constexpr std::uint32_t MAX_DATA_BYTES = 0xFFFFFFFFu - (HEADER_BYTES - 8u);
+/// The size field of the outer chunk counts all bytes after itself: 36 of the header, and the byte
+/// that makes an odd count even.
+constexpr std::uint32_t MAX_DATA_BYTES = 0xFFFFFFFFu - (HEADER_BYTES - 8u) - 1u;
 
 using Header = std::array<unsigned char, HEADER_BYTES>;
 
@@ -34,19 +33,20 @@ void putNumber(Header& header, std::size_t offset, std::uint32_t value, unsigned
     }
 }
 
-Header makeHeader(std::uint32_t dataBytes) {
+Header makeHeader(const WavFormat& format, std::uint32_t dataBytes) {
+    const std::uint32_t frameBytes = format.frameBytes();
     Header header = {};
     putText(header, 0, "RIFF");
-    putNumber(header, 4, dataBytes + HEADER_BYTES - 8u, 4);
+    putNumber(header, 4, dataBytes + dataBytes % 2u + HEADER_BYTES - 8u, 4);
     putText(header, 8, "WAVE");
     putText(header, 12, "fmt ");
-    putNumber(header, 16, 16, 4);                        // bytes of the format
-    putNumber(header, 20, 1, 2);                         // PCM
-    putNumber(header, 22, 2, 2);                         // channels
-    putNumber(header, 24, SAMPLE_RATE, 4);               // frames a second
-    putNumber(header, 28, SAMPLE_RATE * FRAME_BYTES, 4); // bytes a second
-    putNumber(header, 32, FRAME_BYTES, 2);               // bytes in a frame
-    putNumber(header, 34, 16, 2);                        // bits in a sample
+    putNumber(header, 16, 16, 4); // bytes of the format
+    putNumber(header, 20, 1, 2);  // PCM
+    putNumber(header, 22, format.channels, 2);
+    putNumber(header, 24, format.sampleRate, 4);
+    putNumber(header, 28, format.sampleRate * frameBytes, 4); // bytes a second
+    putNumber(header, 32, frameBytes, 2);
+    putNumber(header, 34, format.bits, 2);
     putText(header, 36, "data");
     putNumber(header, 40, dataBytes, 4);
     return header;
@@ -54,25 +54,32 @@ Header makeHeader(std::uint32_t dataBytes) {
 
 } // namespace
 
-bool WavWriter::open(const std::string& utf8Name) {
+bool WavWriter::open(const std::string& utf8Name, const WavFormat& format) {
+    Format = format;
     errno = 0;
     File.reset(terminal::openForWriting(utf8Name));
-    return File ? writeHeader() : failFromErrno();
+    if (!File) {
+        return failFromErrno();
+    }
+    // Without a buffer a full disk refuses what does not fit, and nothing else: the header can
+    // still be completed.
+    std::setvbuf(File.get(), nullptr, _IONBF, 0);
+    const bool known = std::fgetpos(File.get(), &Begin) == 0 || failFromErrno();
+    return known && writeHeader();
 }
 
-bool WavWriter::write(const std::int16_t* frames, std::uint32_t frameCount) {
+bool WavWriter::write(const void* frames, std::uint32_t frameCount) {
     if (failed()) {
         return false;
     }
-    if (frameCount > (MAX_DATA_BYTES - DataBytes) / FRAME_BYTES) {
+    const std::uint32_t frameBytes = Format.frameBytes();
+    if (frameCount > (MAX_DATA_BYTES - DataBytes) / frameBytes) {
         return fail("a WAV file holds at most 4 GiB; make it shorter with --seconds");
     }
     errno = 0;
-    if (std::fwrite(frames, FRAME_BYTES, frameCount, File.get()) != frameCount) {
-        return failFromErrno();
-    }
-    DataBytes += frameCount * FRAME_BYTES;
-    return true;
+    const std::size_t written = std::fwrite(frames, frameBytes, frameCount, File.get());
+    DataBytes += static_cast<std::uint32_t>(written) * frameBytes;
+    return written == frameCount || failFromErrno();
 }
 
 bool WavWriter::writeSilence(std::uint32_t frameCount) {
@@ -87,19 +94,41 @@ bool WavWriter::writeSilence(std::uint32_t frameCount) {
     return true;
 }
 
+bool WavWriter::updateHeader() {
+    std::fpos_t end = {};
+    errno = 0;
+    const bool known = std::fgetpos(File.get(), &end) == 0 || failFromErrno();
+    return known && rewriteHeader() && (std::fsetpos(File.get(), &end) == 0 || failFromErrno());
+}
+
 bool WavWriter::finish() {
     if (!File) {
         return !failed();
     }
+    padToEvenSize();
+    const bool complete = rewriteHeader();
     errno = 0;
-    const bool patched = std::fseek(File.get(), 0, SEEK_SET) == 0;
-    const bool complete = (patched || failFromErrno()) && writeHeader();
     const bool closed = std::fclose(File.release()) == 0 || failFromErrno();
     return complete && closed && !failed();
 }
 
+/// The byte behind an odd count, which keeps chunks at even places. Where the disk is full, the
+/// last sample has to be it.
+void WavWriter::padToEvenSize() {
+    const bool odd = DataBytes % 2u != 0;
+    if (odd && (failed() || std::fputc(0, File.get()) == EOF)) {
+        --DataBytes;
+    }
+}
+
+bool WavWriter::rewriteHeader() {
+    errno = 0;
+    const bool back = std::fsetpos(File.get(), &Begin) == 0 || failFromErrno();
+    return back && writeHeader();
+}
+
 bool WavWriter::writeHeader() {
-    const Header header = makeHeader(DataBytes);
+    const Header header = makeHeader(Format, DataBytes);
     errno = 0;
     const bool written = std::fwrite(header.data(), 1, HEADER_BYTES, File.get()) == HEADER_BYTES;
     return written || failFromErrno();
