@@ -7,8 +7,8 @@
 
 namespace player {
 
-/// Prints the devices of the driver, each as its identifier and its description. Returns the exit
-/// code.
+/// Prints the output and the capture devices of the driver, each as its identifier and its
+/// description. Returns the exit code.
 int listDevices(const Options& options);
 
 } // namespace player

@@ -7,6 +7,7 @@
 #include "player/exit_codes.h"
 #include "player/options.h"
 #include "player/realtime.h"
+#include "player/record.h"
 #include "player/render.h"
 #include "player/terminal.h"
 #include "player/text.h"
@@ -22,6 +23,9 @@ int main(int argc, char** argv) {
         const player::Options& options = *commandLine.options;
         if (options.listDevices) {
             return player::listDevices(options);
+        }
+        if (!options.recordTo.empty()) {
+            return player::recordFile(options);
         }
         return options.renderTo.empty() ? player::playFiles(options) : player::renderFiles(options);
     } catch (const std::exception& error) {

@@ -31,10 +31,10 @@ const std::map<std::string, E_SOUND_OUTPUT_DRIVER> DRIVERS = {
 };
 
 const char* const FOOTER = "Exit codes:\n"
-                           "  0  all files were played\n"
+                           "  0  all files were played, or the recording is complete\n"
                            "  1  the command line is wrong\n"
                            "  2  a file could not be played (the others were)\n"
-                           "  3  no sound driver works\n"
+                           "  3  no sound driver or capture device works\n"
                            "  4  the output file cannot be written";
 
 /// Shows of each option its names, what it takes and its description; which options exclude each
@@ -110,13 +110,13 @@ void addOutputOptions(CLI::App& app, Options& options) {
     driver->transform(CLI::IsMember(&DRIVERS, CLI::ignore_case).description(""));
     driver->type_name("NAME");
     CLI::Option* device = app.add_option("--device", options.device,
-                                         "Output device: an identifier that --list-devices\n"
-                                         "prints, or with alsa the name of a PCM; winmm and\n"
-                                         "null have no choice");
+                                         "Output or capture device: an identifier that\n"
+                                         "--list-devices prints, or with alsa the name of a\n"
+                                         "PCM; winmm and null have no choice");
     device->type_name("ID");
     app.add_flag("--list-devices", options.listDevices,
                  "Print identifier and description of the driver's\n"
-                 "devices, one per line, and end");
+                 "output and capture devices, one per line, and end");
     CLI::Option* render = app.add_option("--render", options.renderTo,
                                          "Render to a WAV file instead of playing (44100 Hz,\n"
                                          "stereo, 16 bit), as fast as possible");
@@ -128,9 +128,37 @@ void addOutputOptions(CLI::App& app, Options& options) {
         ->type_name("MS");
 }
 
+void addRecordOptions(CLI::App& app, Options& options) {
+    WavFormat& format = options.recordFormat;
+    CLI::Option* record = app.add_option("--record", options.recordTo,
+                                         "Record from a capture device to a WAV file, until\n"
+                                         "--seconds or Ctrl-C; takes no FILE");
+    record->check(notEmpty())->type_name("OUT.wav");
+    app.add_option("--rate", format.sampleRate, "Frames a second of the recording (default 44100)")
+        ->check(between(1000.0, 384000.0))
+        ->needs(record)
+        ->type_name("HZ");
+    app.add_option("--channels", format.channels, "Its channels, 1 or 2 (default 2)")
+        ->check(CLI::IsMember({1, 2}).description(""))
+        ->needs(record)
+        ->type_name("N");
+    app.add_option("--bits", format.bits, "Bits of its samples, 8 or 16 (default 16)")
+        ->check(CLI::IsMember({8, 16}).description(""))
+        ->needs(record)
+        ->type_name("N");
+}
+
+/// What has no meaning while recording.
+void excludePlaying(CLI::App& app) {
+    for (const char* name : {"--render", "--volume", "--pan", "--speed", "--loop", "--orbit",
+                             "--start", "--stream", "--no-stream", "--together"}) {
+        app.get_option("--record")->excludes(app.get_option(name));
+    }
+}
+
 void addCourseOptions(CLI::App& app, Options& options) {
     app.add_flag("--together", options.together, "All files at once, not one after the other");
-    app.add_option("--seconds", options.seconds, "Stop after so many seconds of output")
+    app.add_option("--seconds", options.seconds, "Stop after so many seconds")
         ->check(between(0.001, 4000000.0))
         ->type_name("N");
     CLI::Option* verbose =
@@ -146,9 +174,11 @@ void addAll(CLI::App& app, Options& options) {
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->type_name("");
     addOutputOptions(app, options);
+    addRecordOptions(app, options);
     addSoundOptions(app, options);
     addReadingOptions(app, options);
     addCourseOptions(app, options);
+    excludePlaying(app);
     app.allow_windows_style_options(false); // a name that begins with a slash is a file
     app.formatter(std::make_shared<HelpFormatter>());
     app.footer(FOOTER);
@@ -159,17 +189,29 @@ bool hasOneDevice(E_SOUND_OUTPUT_DRIVER driver) {
     return driver == E_SOUND_OUTPUT_DRIVER::WinMM || driver == E_SOUND_OUTPUT_DRIVER::NullDriver;
 }
 
+/// What is wrong about a driver that cannot do what it is told; empty when nothing is.
+std::string wrongDriver(const Options& options) {
+    const std::string driver = "the driver \"" + options.driverName + "\" ";
+    if (!options.recordTo.empty() && !recordsAudio(options.driver)) {
+        return driver + "does not record; choose directsound8, directsound or alsa, or leave "
+                        "--driver out";
+    }
+    if (!options.device.empty() && hasOneDevice(options.driver)) {
+        return driver + "has no choice of devices; leave --device out";
+    }
+    return {};
+}
+
 /// Checks what concerns several options at once. Returns the error, empty when there is none.
 std::string contradiction(const Options& options) {
-    if (options.files.empty() && !options.listDevices) {
+    if (options.files.empty() && options.recordTo.empty() && !options.listDevices) {
         return "FILE is required; see sonimbra-player --help";
+    }
+    if (!options.files.empty() && !options.recordTo.empty()) {
+        return "--record plays nothing; leave " + printable(options.files.front()) + " out";
     }
     if (options.loop && !options.renderTo.empty() && !options.seconds) {
         return "--loop with --render never ends; say where to stop with --seconds N";
-    }
-    if (!options.device.empty() && hasOneDevice(options.driver)) {
-        return "the driver \"" + options.driverName +
-               "\" has no choice of devices; leave --device out";
     }
     const auto isOutput = [&options](const std::string& file) {
         std::error_code ignored;
@@ -178,7 +220,7 @@ std::string contradiction(const Options& options) {
     if (std::any_of(options.files.begin(), options.files.end(), isOutput)) {
         return "the file to render to is among the files to play; choose another name";
     }
-    return {};
+    return wrongDriver(options);
 }
 
 CommandLine usageError(const std::string& text) {
@@ -190,7 +232,8 @@ CommandLine usageError(const std::string& text) {
 
 CommandLine parseCommandLine(std::vector<std::string> arguments) {
     Options options;
-    CLI::App app("Plays sound files, or renders them to a WAV file.", "sonimbra-player");
+    CLI::App app("Plays sound files, renders them to a WAV file, or records one.",
+                 "sonimbra-player");
     addAll(app, options);
     std::reverse(arguments.begin(), arguments.end()); // the order that the parser wants
     try {
@@ -207,6 +250,10 @@ CommandLine parseCommandLine(std::vector<std::string> arguments) {
     options.driver = DRIVERS.at(options.driverName);
     const std::string error = contradiction(options);
     return error.empty() ? CommandLine{options, AllPlayed} : usageError(error);
+}
+
+bool recordsAudio(E_SOUND_OUTPUT_DRIVER driver) {
+    return !hasOneDevice(driver) && driver != E_SOUND_OUTPUT_DRIVER::CoreAudio;
 }
 
 int engineOptions(const Options& options) {

@@ -9,11 +9,13 @@
 
 #include <sonimbra/sonimbra.h>
 
+#include "player/wav_writer.h"
+
 namespace player {
 
 /// The command line, checked.
 struct Options {
-    std::vector<std::string> files; ///< UTF-8, at least one unless devices are listed
+    std::vector<std::string> files; ///< UTF-8, at least one unless it records or lists devices
     bool together = false;          ///< all files at once
 
     float volume = 1.0f;
@@ -30,7 +32,9 @@ struct Options {
     bool listDevices = false;        ///< print the devices and play nothing
     std::string renderTo;            ///< the WAV file to render to; empty: play in real time
     int gapMilliseconds = 250;       ///< silence between rendered files
-    std::optional<double> seconds;   ///< ends the output after so many seconds
+    std::string recordTo;            ///< the WAV file to record to; empty: do not record
+    WavFormat recordFormat;
+    std::optional<double> seconds; ///< ends the output after so many seconds
 
     bool verbose = false;
     bool quiet = false;
@@ -44,6 +48,9 @@ struct CommandLine {
 };
 
 CommandLine parseCommandLine(std::vector<std::string> arguments);
+
+/// Whether the library can record by a driver, on a system that has it.
+bool recordsAudio(sonimbra::E_SOUND_OUTPUT_DRIVER driver);
 
 /// The bits for creating the engine.
 int engineOptions(const Options& options);
