@@ -8,6 +8,7 @@
 #include <fstream>
 #include <string_view>
 
+#include "player/effects.h"
 #include "player/text.h"
 
 namespace player {
@@ -41,7 +42,7 @@ std::string whyUnreadable(const std::string& file) {
 }
 
 std::string whyNotPlayable(sonimbra::ISoundEngine& engine, sonimbra::ISoundSource* source,
-                           const std::string& file) {
+                           const std::string& file, bool withEffects) {
     const std::string unreadable = whyUnreadable(file);
     if (!unreadable.empty()) {
         return unreadable;
@@ -49,8 +50,12 @@ std::string whyNotPlayable(sonimbra::ISoundEngine& engine, sonimbra::ISoundSourc
     if (source == nullptr || source->getAudioFormat().ChannelCount == 0) {
         return "it is not a sound that this library reads";
     }
-    return std::string("the driver \"") + engine.getDriverName() +
-           "\" plays nothing; choose another one with --driver, or use --render OUT.wav";
+    const std::string driver = std::string("the driver \"") + engine.getDriverName() + "\" ";
+    if (withEffects) {
+        return driver + "refuses it with effects (they need at least 0.15 s of sound); leave "
+                        "--effect out";
+    }
+    return driver + "plays nothing; choose another one with --driver, or use --render OUT.wav";
 }
 
 } // namespace
@@ -73,19 +78,40 @@ void Batch::add(const std::string& file) {
     sonimbra::ISoundSource* source = registered(file);
     Counted<sonimbra::ISound> sound = opened(source);
     const auto start = static_cast<std::uint32_t>(Settings.startSeconds * 1000.0);
+    std::string error;
     if (!sound) {
-        printError("cannot play " + printable(file) + ": " + whyNotPlayable(Engine, source, file));
-        Failed = true;
+        error = whyNotPlayable(Engine, source, file, !Settings.effects.empty());
     } else if (start > 0 && !sound->setPlayPosition(start)) {
-        sound->stop();
-        printError("cannot play " + printable(file) +
-                   ": --start does not work with it, only playing from the beginning");
-        Failed = true;
+        error = "--start does not work with it, only playing from the beginning";
     } else {
+        error = refusedEffect(*sound);
+    }
+    if (error.empty()) {
         Lengths.push_back(sound->getPlayLength());
         Sounds.push_back(std::move(sound));
         Files.push_back(file);
+        return;
     }
+    if (sound) {
+        sound->stop();
+    }
+    printError("cannot play " + printable(file) + ": " + error);
+    Failed = true;
+}
+
+/// Switches the effects on. Returns what is wrong; empty when nothing is.
+std::string Batch::refusedEffect(sonimbra::ISound& sound) const {
+    sonimbra::ISoundEffectControl* const control = sound.getSoundEffectControl();
+    if (control == nullptr && !Settings.effects.empty()) {
+        return std::string("the driver \"") + Engine.getDriverName() +
+               "\" has no effects; choose directsound8 (Windows), or leave --effect out";
+    }
+    for (const std::string& name : Settings.effects) {
+        if (!enableEffect(*control, name)) {
+            return "the effect \"" + name + "\" does not work with it; leave it out";
+        }
+    }
+    return {};
 }
 
 sonimbra::ISoundSource* Batch::registered(const std::string& file) {
@@ -97,9 +123,11 @@ sonimbra::ISoundSource* Batch::registered(const std::string& file) {
 Counted<sonimbra::ISound> Batch::opened(sonimbra::ISoundSource* source) {
     const bool paused = true;
     const bool track = true;
+    const bool effects = !Settings.effects.empty();
     Counted<sonimbra::ISound> sound(
-        Settings.orbit ? Engine.play3D(source, orbitPoint(0.0), Settings.loop, paused, track)
-                       : Engine.play2D(source, Settings.loop, paused, track));
+        Settings.orbit
+            ? Engine.play3D(source, orbitPoint(0.0), Settings.loop, paused, track, effects)
+            : Engine.play2D(source, Settings.loop, paused, track, effects));
     if (sound) {
         sound->setVolume(Settings.volume);
         sound->setPan(Settings.pan);

@@ -46,6 +46,7 @@ public:
 private:
     void add(const std::string& file);
     sonimbra::ISoundSource* registered(const std::string& file);
+    std::string refusedEffect(sonimbra::ISound& sound) const;
     Counted<sonimbra::ISound> opened(sonimbra::ISoundSource* source);
 
     sonimbra::ISoundEngine& Engine;

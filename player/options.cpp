@@ -12,6 +12,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include "player/effects.h"
 #include "player/exit_codes.h"
 #include "player/text.h"
 
@@ -148,10 +149,21 @@ void addRecordOptions(CLI::App& app, Options& options) {
         ->type_name("N");
 }
 
+void addEffectOption(CLI::App& app, Options& options) {
+    CLI::Option* effect = app.add_option("--effect", options.effects,
+                                         "Sound effect of the driver directsound8: chorus,\n"
+                                         "compressor, distortion, echo, flanger, gargle,\n"
+                                         "i3dl2reverb, parameq or wavesreverb; may be given\n"
+                                         "several times");
+    effect->transform(CLI::IsMember(effectNames(), CLI::ignore_case).description(""));
+    effect->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)->allow_extra_args(false);
+    effect->excludes(app.get_option("--render"))->type_name("NAME");
+}
+
 /// What has no meaning while recording.
 void excludePlaying(CLI::App& app) {
     for (const char* name : {"--render", "--volume", "--pan", "--speed", "--loop", "--orbit",
-                             "--start", "--stream", "--no-stream", "--together"}) {
+                             "--effect", "--start", "--stream", "--no-stream", "--together"}) {
         app.get_option("--record")->excludes(app.get_option(name));
     }
 }
@@ -176,6 +188,7 @@ void addAll(CLI::App& app, Options& options) {
     addOutputOptions(app, options);
     addRecordOptions(app, options);
     addSoundOptions(app, options);
+    addEffectOption(app, options);
     addReadingOptions(app, options);
     addCourseOptions(app, options);
     excludePlaying(app);
@@ -189,6 +202,11 @@ bool hasOneDevice(E_SOUND_OUTPUT_DRIVER driver) {
     return driver == E_SOUND_OUTPUT_DRIVER::WinMM || driver == E_SOUND_OUTPUT_DRIVER::NullDriver;
 }
 
+bool hasEffects(E_SOUND_OUTPUT_DRIVER driver) {
+    return driver == E_SOUND_OUTPUT_DRIVER::AutoDetect ||
+           driver == E_SOUND_OUTPUT_DRIVER::DirectSound8;
+}
+
 /// What is wrong about a driver that cannot do what it is told; empty when nothing is.
 std::string wrongDriver(const Options& options) {
     const std::string driver = "the driver \"" + options.driverName + "\" ";
@@ -198,6 +216,9 @@ std::string wrongDriver(const Options& options) {
     }
     if (!options.device.empty() && hasOneDevice(options.driver)) {
         return driver + "has no choice of devices; leave --device out";
+    }
+    if (!options.effects.empty() && !hasEffects(options.driver)) {
+        return driver + "has no effects; choose directsound8 (Windows), or leave --effect out";
     }
     return {};
 }

@@ -25,6 +25,7 @@ struct Options {
     bool orbit = false;
     double startSeconds = 0.0;
     sonimbra::E_STREAM_MODE streamMode = sonimbra::E_STREAM_MODE::AutoDetect;
+    std::vector<std::string> effects; ///< names that effects.h knows
 
     sonimbra::E_SOUND_OUTPUT_DRIVER driver = sonimbra::E_SOUND_OUTPUT_DRIVER::AutoDetect;
     std::string driverName = "auto"; ///< as the user knows it

@@ -27,10 +27,13 @@ constexpr double MIX_RATE = 44100.0;
 constexpr std::uint64_t QUEUE_FRAMES = 8192; ///< what the drivers keep queued
 
 /// Automatic choice: what the library prefers, then the drivers that every Windows and every Linux
-/// has. WinMM would not play on the device that was asked for.
+/// has. WinMM would not play on the device that was asked for, and only one driver has effects.
 std::vector<E_SOUND_OUTPUT_DRIVER> driversToTry(const Options& options) {
     if (options.driver != E_SOUND_OUTPUT_DRIVER::AutoDetect) {
         return {options.driver};
+    }
+    if (!options.effects.empty()) {
+        return {E_SOUND_OUTPUT_DRIVER::DirectSound8};
     }
     if (!options.device.empty()) {
         return {E_SOUND_OUTPUT_DRIVER::AutoDetect, E_SOUND_OUTPUT_DRIVER::ALSA};
@@ -61,6 +64,11 @@ std::string whatFailed(const Options& options) {
 }
 
 int reportNoDriver(const Options& options) {
+    if (!options.effects.empty()) {
+        printError("the driver \"directsound8\" (Windows), which has the effects, does not work "
+                   "here; leave --effect out");
+        return NoDriver;
+    }
     printError(whatFailed(options) + " here; choose another with --driver or --device (see "
                                      "--list-devices), or render to a file with --render OUT.wav");
     return NoDriver;
