@@ -3,6 +3,7 @@
 
 #include "drivers/directsound/CDirectSoundDeviceList.h"
 
+#include "core/log.h"
 #include "core/no_throw.h"
 #include "core/shared_library.h"
 
@@ -58,6 +59,19 @@ BOOL CALLBACK CDirectSoundDeviceList::onDevice(GUID* guid, const char* descripti
         devices.addDevice(identifierOf(*guid).c_str(), description);
         return TRUE;
     });
+}
+
+GUID chooseDevice(const char* deviceID, counted_ptr<CDirectSoundDeviceList> (*makeList)()) {
+    if (deviceID == nullptr || *deviceID == 0) {
+        return {};
+    }
+    const auto list = makeList();
+    const std::int32_t index = list->find(deviceID);
+    if (index < 0) {
+        return {};
+    }
+    logTextWithHint("Using device", list->getDeviceDescription(index));
+    return list->getGUID(index);
 }
 
 } // namespace sn_internal

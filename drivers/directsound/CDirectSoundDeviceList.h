@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/array.h"
+#include "core/counted_ptr.h"
 #include "engine/CSoundDeviceList.h"
 
 #include <windows.h>
@@ -29,5 +30,14 @@ private:
 
     sonimbra::array<GUID> Guids;
 };
+
+template <class TList>
+counted_ptr<CDirectSoundDeviceList> makeDeviceList() {
+    return counted_ptr<CDirectSoundDeviceList>::adopt(new TList);
+}
+
+/// The device of an identifier, which the log then tells of. All zeros, for the default device,
+/// when the identifier is null, empty or in no record; the list is made only when it is needed.
+GUID chooseDevice(const char* deviceID, counted_ptr<CDirectSoundDeviceList> (*makeList)());
 
 } // namespace sn_internal

@@ -69,9 +69,7 @@ bool CDirectSoundEngine::createWindow() {
 }
 
 bool CDirectSoundEngine::createDevice() {
-    if (SUCCEEDED(CoInitialize(nullptr))) {
-        ComThread = GetCurrentThreadId();
-    }
+    Apartment.enter();
     if (FAILED(CoCreateInstance(Generation.deviceClass, nullptr, CLSCTX_INPROC_SERVER,
                                 Generation.deviceInterface, Device.putVoid()))) {
         Device.reset();
@@ -80,22 +78,8 @@ bool CDirectSoundEngine::createDevice() {
 }
 
 bool CDirectSoundEngine::initialiseDevice(const char* deviceID) {
-    const GUID device = chooseDevice(deviceID);
+    const GUID device = chooseDevice(deviceID, Generation.createDeviceList);
     return SUCCEEDED(Device->Initialize(&device));
-}
-
-/// All zeros stand for the default device.
-GUID CDirectSoundEngine::chooseDevice(const char* deviceID) const {
-    if (deviceID == nullptr || *deviceID == 0) {
-        return {};
-    }
-    const auto list = Generation.createDeviceList();
-    const std::int32_t index = list->find(deviceID);
-    if (index < 0) {
-        return {};
-    }
-    logTextWithHint("Using device", list->getDeviceDescription(index));
-    return list->getGUID(index);
 }
 
 void CDirectSoundEngine::setUp3D() {
@@ -147,10 +131,7 @@ void CDirectSoundEngine::shutDownDriver() {
     if (Window != nullptr) {
         DestroyWindow(Window);
     }
-    // On another thread it would take COM from that one. Windows ends the rest with the thread.
-    if (ComThread == GetCurrentThreadId()) {
-        CoUninitialize();
-    }
+    Apartment.leave();
 }
 
 void CDirectSoundEngine::setRolloffFactor(float rolloff) {

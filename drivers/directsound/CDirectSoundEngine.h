@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "drivers/directsound/CComApartment.h"
 #include "drivers/directsound/CDirectSoundSound.h"
 #include "engine/CSonimbraSoundEngine.h"
 
@@ -44,7 +45,6 @@ private:
     bool createWindow();
     bool createDevice();
     bool initialiseDevice(const char* deviceID);
-    GUID chooseDevice(const char* deviceID) const;
     void setUp3D();
     bool createListener();
     void cooperate();
@@ -55,11 +55,11 @@ private:
                                             bool enableSoundEffects) const;
 
     const SDirectSoundGeneration& Generation;
+    CComApartment Apartment;
     com_ptr<IDirectSound> Device;
     com_ptr<IDirectSound3DListener> Listener3D;
     const CDirectSoundResourcesPtr Resources = std::make_shared<CDirectSoundResources>();
     HWND Window = nullptr;
-    DWORD ComThread = 0; ///< that this engine has initialised COM on; 0 for none
 };
 
 } // namespace sn_internal

@@ -7,14 +7,6 @@
 #include "drivers/directsound/CSonimbraDSSoundDeviceList.h"
 
 namespace sn_internal {
-namespace {
-
-template <class TList>
-counted_ptr<CDirectSoundDeviceList> createList() {
-    return counted_ptr<CDirectSoundDeviceList>::adopt(new TList);
-}
-
-} // namespace
 
 const SDirectSoundGeneration DirectSound8Generation = {
     "DirectSound8",
@@ -22,7 +14,7 @@ const SDirectSoundGeneration DirectSound8Generation = {
     IID_IDirectSound8,
     &IID_IDirectSoundBuffer8,
     true,
-    createList<CSonimbraDS8SoundDeviceList>,
+    makeDeviceList<CSonimbraDS8SoundDeviceList>,
     "Could not create DirectSound8 object",
     "Could not init DirectSound8 object",
     "Could not set coop level for DirectSound8 object",
@@ -35,7 +27,7 @@ const SDirectSoundGeneration DirectSoundGeneration = {
     IID_IDirectSound,
     nullptr,
     false,
-    createList<CSonimbraDSSoundDeviceList>,
+    makeDeviceList<CSonimbraDSSoundDeviceList>,
     "Could not create DirectSound object",
     "Could not init DirectSound object",
     "Could not set coop level for DirectSound object",

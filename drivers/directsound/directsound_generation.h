@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "core/counted_ptr.h"
 #include "drivers/directsound/CDirectSoundDeviceList.h"
 
 #include <dsound.h>
