@@ -1,0 +1,42 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "recording/directsound/CCaptureEvents.h"
+
+#include <iterator>
+#include <utility>
+
+namespace sn_internal {
+
+bool CCaptureEvents::create() {
+    close();
+    for (HANDLE& handle : Handles) {
+        handle = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+        if (handle == nullptr) {
+            close();
+            return false;
+        }
+    }
+    return true;
+}
+
+void CCaptureEvents::close() {
+    for (HANDLE& handle : Handles) {
+        if (HANDLE const open = std::exchange(handle, nullptr)) {
+            CloseHandle(open);
+        }
+    }
+}
+
+/// Window messages to the thread wake it as well; they concern nobody here.
+CCaptureEvents::EEvent CCaptureEvents::wait() const {
+    const auto count = static_cast<DWORD>(std::size(Handles));
+    for (;;) {
+        const DWORD event = MsgWaitForMultipleObjects(count, Handles, FALSE, INFINITE, QS_ALLINPUT);
+        if (event < count) {
+            return static_cast<EEvent>(event);
+        }
+    }
+}
+
+} // namespace sn_internal
