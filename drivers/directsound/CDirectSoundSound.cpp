@@ -71,8 +71,12 @@ CDirectSoundSound::CDirectSoundSound(const SDirectSoundGeneration& generation,
 }
 
 CDirectSoundSound::~CDirectSoundSound() {
-    // What is let go here counts without atomics.
     const CScopedLock lock(getLock());
+    leaveDevice();
+}
+
+void CDirectSoundSound::leaveDevice() {
+    // What is let go here counts without atomics.
     CDirectSoundSound::releaseBuffer();
     Samples.reset();
     Resources->remove(this);
