@@ -1,0 +1,180 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "recording/CSonimbraALSACaptureDevice.h"
+
+#include "drivers/software/CSonimbraALSAErrors.h"
+
+#include <algorithm>
+#include <cerrno>
+
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace sn_internal {
+namespace {
+
+using sonimbra::E_SAMPLE_FORMAT;
+using sonimbra::SAudioStreamFormat;
+
+/// A sound server hands over whole periods only, so that with long ones a stop would miss much of
+/// what was recorded last. Each costs a wake.
+constexpr snd_pcm_uframes_t PeriodsInBuffer = 20;
+constexpr int PauseMilliseconds = 20;
+
+/// Nothing to read, or a signal, which says nothing about the device.
+template <class T>
+T withoutDelays(T result) {
+    return result == -EAGAIN || result == -EINTR ? 0 : result;
+}
+
+/// Keeps the error of a call that fails.
+bool works(int result, int& error) {
+    error = std::min(result, 0);
+    return error == 0;
+}
+
+snd_pcm_format_t toALSAFormat(E_SAMPLE_FORMAT format) {
+    return format == E_SAMPLE_FORMAT::Unsigned8Bit ? SND_PCM_FORMAT_U8 : SND_PCM_FORMAT_S16;
+}
+
+} // namespace
+
+int CSonimbraALSACaptureDevice::open(const char* pcmName) {
+    const CSonimbraALSAErrors quiet;
+    const int result = snd_pcm_open(&PCM, pcmName, SND_PCM_STREAM_CAPTURE, SND_PCM_NONBLOCK);
+    if (result < 0) {
+        PCM = nullptr;
+    }
+    return std::min(result, 0);
+}
+
+int CSonimbraALSACaptureDevice::configure(const SAudioStreamFormat& format) {
+    const CSonimbraALSAErrors quiet;
+    int result = configureHardware(format);
+    if (result >= 0) {
+        result = configureSoftware();
+    }
+    return result < 0 ? result : prepareToWait();
+}
+
+int CSonimbraALSACaptureDevice::configureHardware(const SAudioStreamFormat& format) {
+    snd_pcm_hw_params_t* hardware = nullptr;
+    snd_pcm_hw_params_alloca(&hardware);
+    BufferFrames = static_cast<snd_pcm_uframes_t>(format.SampleRate);
+    snd_pcm_uframes_t periodFrames = std::max(BufferFrames / PeriodsInBuffer, snd_pcm_uframes_t{1});
+    const auto channels = static_cast<unsigned>(format.ChannelCount);
+    const auto rate = static_cast<unsigned>(format.SampleRate);
+    int error = 0;
+    static_cast<void>(
+        works(snd_pcm_hw_params_any(PCM, hardware), error) &&
+        works(snd_pcm_hw_params_set_access(PCM, hardware, SND_PCM_ACCESS_RW_INTERLEAVED), error) &&
+        works(snd_pcm_hw_params_set_format(PCM, hardware, toALSAFormat(format.SampleFormat)),
+              error) &&
+        works(snd_pcm_hw_params_set_channels(PCM, hardware, channels), error) &&
+        works(snd_pcm_hw_params_set_rate(PCM, hardware, rate, 0), error) &&
+        works(snd_pcm_hw_params_set_buffer_size_near(PCM, hardware, &BufferFrames), error) &&
+        works(snd_pcm_hw_params_set_period_size_near(PCM, hardware, &periodFrames, nullptr),
+              error) &&
+        works(snd_pcm_hw_params(PCM, hardware), error));
+    return error;
+}
+
+/// A sound server's PCM notifies of every period, whatever is set here.
+int CSonimbraALSACaptureDevice::configureSoftware() {
+    snd_pcm_sw_params_t* software = nullptr;
+    snd_pcm_sw_params_alloca(&software);
+    const snd_pcm_uframes_t half = std::max(BufferFrames / 2, snd_pcm_uframes_t{1});
+    int error = 0;
+    static_cast<void>(works(snd_pcm_sw_params_current(PCM, software), error) &&
+                      works(snd_pcm_sw_params_set_avail_min(PCM, software, half), error) &&
+                      works(snd_pcm_sw_params(PCM, software), error));
+    return error;
+}
+
+int CSonimbraALSACaptureDevice::prepareToWait() {
+    const int count = snd_pcm_poll_descriptors_count(PCM);
+    if (count <= 0) {
+        return count < 0 ? count : -EINVAL;
+    }
+    InterruptEvent = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    if (InterruptEvent < 0) {
+        return -errno;
+    }
+    Descriptors.assign(static_cast<std::size_t>(count) + 1, pollfd{});
+    Descriptors.back() = pollfd{InterruptEvent, POLLIN, 0};
+    return 0;
+}
+
+int CSonimbraALSACaptureDevice::start() {
+    const CSonimbraALSAErrors quiet;
+    return std::min(snd_pcm_start(PCM), 0);
+}
+
+/// Closing stops a device that is set up, for which a sound server is asked and waited for.
+void CSonimbraALSACaptureDevice::close() {
+    if (PCM != nullptr) {
+        const CSonimbraALSAErrors quiet;
+        snd_pcm_hw_free(PCM);
+        snd_pcm_close(PCM);
+        PCM = nullptr;
+    }
+    if (InterruptEvent >= 0) {
+        ::close(InterruptEvent);
+        InterruptEvent = -1;
+    }
+}
+
+/// What the descriptors' events mean is the PCM's to say; asking it also takes them back.
+int CSonimbraALSACaptureDevice::wait() {
+    const CSonimbraALSAErrors quiet;
+    const auto count = static_cast<unsigned>(Descriptors.size() - 1);
+    const int filled = snd_pcm_poll_descriptors(PCM, Descriptors.data(), count);
+    if (filled < 0) {
+        return filled;
+    }
+    if (poll(Descriptors.data(), Descriptors.size(), -1) < 0) {
+        return errno == EINTR ? 1 : -errno;
+    }
+    if (Descriptors.back().revents != 0) {
+        return 0;
+    }
+    unsigned short events = 0;
+    const int result = snd_pcm_poll_descriptors_revents(PCM, Descriptors.data(), count, &events);
+    return result < 0 ? result : 1;
+}
+
+void CSonimbraALSACaptureDevice::pause() {
+    poll(&Descriptors.back(), 1, PauseMilliseconds);
+}
+
+void CSonimbraALSACaptureDevice::interrupt() {
+    eventfd_write(InterruptEvent, 1);
+}
+
+long CSonimbraALSACaptureDevice::getAvailable() {
+    const CSonimbraALSAErrors quiet;
+    return withoutDelays(snd_pcm_avail(PCM));
+}
+
+long CSonimbraALSACaptureDevice::read(void* target, long frameCount) {
+    const CSonimbraALSAErrors quiet;
+    return withoutDelays(snd_pcm_readi(PCM, target, static_cast<snd_pcm_uframes_t>(frameCount)));
+}
+
+int CSonimbraALSACaptureDevice::recover(long interruption) {
+    const CSonimbraALSAErrors quiet;
+    if (interruption == -ESTRPIPE) {
+        const int result = withoutDelays(snd_pcm_resume(PCM));
+        if (result == 0) {
+            return 0;
+        }
+    }
+    int result = withoutDelays(snd_pcm_prepare(PCM));
+    if (result >= 0) {
+        result = withoutDelays(snd_pcm_start(PCM));
+    }
+    return isInterruption(result) ? 0 : std::min(result, 0);
+}
+
+} // namespace sn_internal
