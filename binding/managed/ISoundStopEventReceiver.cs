@@ -4,7 +4,8 @@
 namespace Sonimbra {
 
 /// <summary>
-/// Told once when a sound has ended; set it with <see cref="ISound.setSoundStopEventReceiver(ISoundStopEventReceiver)"/>.
+/// Told once when a sound has ended; set it with
+/// <see cref="ISound.setSoundStopEventReceiver(ISoundStopEventReceiver)"/>.
 /// </summary>
 public interface ISoundStopEventReceiver {
     /// <summary>

@@ -27,7 +27,9 @@ public struct Vector3D {
         Z = z;
     }
 
-    /// <summary>Exact comparison without tolerance; false when a component is not a number.</summary>
+    /// <summary>
+    /// Exact comparison without tolerance; false when a component is not a number.
+    /// </summary>
     public static bool operator ==(Vector3D a, Vector3D b) {
         return a.X == b.X && a.Y == b.Y && a.Z == b.Z;
     }

@@ -1,0 +1,41 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+using System;
+using System.Runtime.InteropServices;
+
+namespace Sonimbra {
+
+/// <summary>
+/// What the calls from the library have in common: each context is a handle that keeps a managed
+/// object alive until the library releases it.
+/// </summary>
+internal static class Callbacks {
+    private static volatile bool isExiting;
+
+    static Callbacks() {
+        AppDomain.CurrentDomain.ProcessExit += (sender, arguments) => isExiting = true;
+    }
+
+    /// <summary>
+    /// Once the process ends, the engines' threads may still call, but the application no longer
+    /// expects it: callbacks then do nothing.
+    /// </summary>
+    public static bool IsExiting {
+        get { return isExiting; }
+    }
+
+    public static IntPtr CreateContext(object target) {
+        return GCHandle.ToIntPtr(GCHandle.Alloc(target));
+    }
+
+    public static T GetTarget<T>(IntPtr context) {
+        return (T)GCHandle.FromIntPtr(context).Target;
+    }
+
+    public static void FreeContext(IntPtr context) {
+        GCHandle.FromIntPtr(context).Free();
+    }
+}
+
+}
