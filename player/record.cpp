@@ -117,12 +117,13 @@ private:
             draw(terminal::stopRequested() ? "  stopped" : "");
             Line.end();
         }
-        if (!File->finish()) {
+        const bool complete = File->finish();
+        if (!Settings.quiet && (complete || File->frames() > 0)) {
+            printSummary();
+        }
+        if (!complete) {
             printError("cannot write " + printable(Settings.recordTo) + ": " + File->errorText());
             return OutputNotWritable;
-        }
-        if (!Settings.quiet) {
-            printSummary();
         }
         if (stalled) {
             printError("the capture device delivers nothing any more; choose another with "
