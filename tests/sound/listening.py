@@ -258,6 +258,54 @@ class ListeningTest(unittest.TestCase):
         self.repeat(follow)
 
 
+def read_channels(path):
+    """The parameters of a WAV file of 8 or 16 bits, and its channels in 16."""
+    with wave.open(str(path)) as reader:
+        data = reader.readframes(reader.getnframes())
+        wide = array.array("h", data if reader.getsampwidth() == 2 else b"")
+        wide.extend([] if wide else [(byte - 128) * 256 for byte in data])
+        count = reader.getnchannels()
+        return reader.getparams(), [wide[channel::count] for channel in range(count)]
+
+
+class RecordingTest(ListeningTest):
+    """What every capture driver has to pass: it records what the player plays meanwhile."""
+
+    def start_recording(self, file, options):
+        """Returns when the file is there: it is made with the first block."""
+        recording = subprocess.Popen(
+            self.command(file, [*options, "--record"]), stdout=subprocess.PIPE, text=True
+        )
+        self.addCleanup(recording.stdout.close)
+        self.addCleanup(recording.kill)
+        deadline = time.monotonic() + 20
+        while not file.exists() and recording.poll() is None:
+            self.assertLess(time.monotonic(), deadline, "nothing is recorded")
+            time.sleep(0.05)
+        return recording
+
+    def test_records_what_plays(self):
+        tone, file = (Path(self.folder.name) / name for name in ("tone.wav", "recorded \u97f3.wav"))
+        write_tone(tone)
+
+        def compare():
+            file.unlink(missing_ok=True)
+            recording = self.start_recording(file, ["--seconds", "4", *options])
+            self.record(tone, [])
+            printed = recording.communicate(timeout=30)[0]
+            self.assertEqual(recording.returncode, 0, printed)
+            self.assertRegex(printed.splitlines()[-1], r"^Recorded 4\.000 s, peak (49|50|51)\.")
+            parameters, heard = read_channels(file)
+            self.assertEqual(parameters[:4], (channels, bits // 8, RATE, 4 * RATE))
+            for channel in heard:
+                self.check_channel(hear(channel), Expected())
+
+        for channels, bits in ((2, 16), (1, 8)):
+            options = ["--channels", str(channels), "--bits", str(bits)]
+            with self.subTest(bits=bits):
+                self.repeat(compare)
+
+
 class PlayerTest(ListeningTest):
     """What every output driver has to pass."""
 
