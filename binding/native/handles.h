@@ -21,7 +21,7 @@ class CMixedOutputForwarder;
 /// collector finalizes on. Its end may wait for a thread that is inside a callback, so it never
 /// takes place there: it is handed to a thread of its own, and an object that gets none is never
 /// freed.
-class CHandle : private IThread {
+class CHandle : protected IThread {
 public:
     void grab() { References.fetch_add(1, std::memory_order_relaxed); }
 
