@@ -1,17 +1,15 @@
 // Copyright (c) 2026 The Sonimbra developers
 // SPDX-License-Identifier: Zlib
 
-/// The ALSA driver's calls of the system, in their order, and its way through their failures. The
-/// functions of ALSA that it plays by are defined here.
+/// The ALSA driver's calls of the system, in their order, and its way through their failures.
 
 #include "drivers/software/CSonimbraALSASoundEngine.h"
 #include "io/CFileSystem.h"
+#include "tests/alsa/scripted_pcm_posix.h"
 #include "tests/support/log_capture.h"
-#include "tests/support/mixer_pair.h"
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <utility>
 
 namespace {
@@ -19,89 +17,7 @@ namespace {
 using namespace sn_test;
 using sn_internal::counted_ptr;
 using std::chrono::milliseconds;
-using PCM = snd_pcm_t*;
-using Hardware = snd_pcm_hw_params_t*;
-using Software = snd_pcm_sw_params_t*;
-using Frames = snd_pcm_uframes_t;
-
-using Answers = std::map<std::string, std::vector<long>>;
-
-/// Takes what it is given into its buffer. A test may have it play, once its start is reached.
-struct SScriptedPCM {
-    std::string journal; ///< "call " or "call:argument " for each call
-    Answers answers;     ///< the next results of calls; without one a call works
-    long bufferFrames = 8192;
-    long queuedFrames = 0;
-    Frames startFrames = 0;
-    bool isRunning = false;
-    Frames16 played;
-
-    void play(long frameCount) {
-        EXPECT_TRUE(isRunning);
-        queuedFrames -= frameCount;
-    }
-    int clear() { return isRunning = false, queuedFrames = 0, 0; }
-
-    long answer(const std::string& call, const std::string& argument) {
-        journal += call + (argument == "0" ? "" : ":" + argument) + " ";
-        std::vector<long>& next = answers[call];
-        return next.empty() ? 0 : *std::exchange(next, {next.begin() + 1, next.end()}).begin();
-    }
-};
-
-SScriptedPCM Device;
 sn_internal::CSonimbraALSASoundEngine::CClock::time_point Now;
-
-} // namespace
-
-extern "C" {
-
-#define ANSWERS(function, parameters, call, argument)                                              \
-    int function parameters {                                                                      \
-        return static_cast<int>(Device.answer(call, std::to_string(argument)));                    \
-    }
-ANSWERS(snd_pcm_hw_params_any, (PCM, Hardware), "any", 0)
-ANSWERS(snd_pcm_hw_params_set_access, (PCM, Hardware, snd_pcm_access_t access), "access", access)
-ANSWERS(snd_pcm_hw_params_set_format, (PCM, Hardware, snd_pcm_format_t format), "format", format)
-ANSWERS(snd_pcm_hw_params_set_channels, (PCM, Hardware, unsigned count), "channels", count)
-ANSWERS(snd_pcm_hw_params_set_rate, (PCM, Hardware, unsigned rate, int), "rate", rate)
-ANSWERS(snd_pcm_hw_params_set_buffer_size_near, (PCM, Hardware, Frames* size), "buffer",
-        std::exchange(*size, Device.bufferFrames))
-ANSWERS(snd_pcm_hw_params_set_period_size_near, (PCM, Hardware, Frames* size, int*), "period",
-        *size)
-ANSWERS(snd_pcm_hw_params, (PCM, Hardware), "hardware", 0)
-ANSWERS(snd_pcm_sw_params_current, (PCM, Software), "current", 0)
-ANSWERS(snd_pcm_sw_params_set_start_threshold, (PCM, Software, Frames size), "start",
-        Device.startFrames = size)
-ANSWERS(snd_pcm_sw_params, (PCM, Software), "software", 0)
-ANSWERS(snd_pcm_prepare, (PCM), "prepare", Device.clear())
-ANSWERS(snd_pcm_resume, (PCM), "resume", 0)
-ANSWERS(snd_pcm_hw_free, (PCM), "free", 0)
-ANSWERS(snd_pcm_close, (PCM), "close", Device.clear())
-
-int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) {
-    *pcm = reinterpret_cast<PCM>(&Device);
-    EXPECT_TRUE(stream == SND_PCM_STREAM_PLAYBACK && mode == SND_PCM_NONBLOCK);
-    return static_cast<int>(Device.answer("open", name));
-}
-snd_pcm_sframes_t snd_pcm_avail(PCM) {
-    const long error = Device.answer("avail", "0");
-    return error < 0 ? error : Device.bufferFrames - Device.queuedFrames;
-}
-snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
-    const long answer = Device.answer("write", std::to_string(frameCount));
-    const long taken = answer == 0 ? static_cast<long>(frameCount) : std::max(answer, 0L);
-    Device.queuedFrames += taken;
-    EXPECT_LE(Device.queuedFrames, Device.bufferFrames);
-    Device.isRunning |= Device.queuedFrames >= static_cast<long>(Device.startFrames);
-    const auto* samples = static_cast<const std::int16_t*>(data);
-    Device.played.insert(Device.played.end(), samples, samples + 2 * taken);
-    return answer < 0 ? answer : taken;
-}
-
-} // extern "C"
-
-namespace {
 
 std::string writes(int count) {
     return count == 0 ? "" : "write:256 " + writes(count - 1);

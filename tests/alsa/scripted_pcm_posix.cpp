@@ -1,0 +1,158 @@
+// Copyright (c) 2026 The Sonimbra developers
+// SPDX-License-Identifier: Zlib
+
+#include "tests/alsa/scripted_pcm_posix.h"
+
+#include <algorithm>
+#include <mutex>
+#include <utility>
+
+#include <sys/eventfd.h>
+
+namespace sn_test {
+
+SScriptedPCM Device;
+
+namespace {
+
+using PCM = snd_pcm_t*;
+using Hardware = snd_pcm_hw_params_t*;
+using Software = snd_pcm_sw_params_t*;
+using Frames = snd_pcm_uframes_t;
+using Lock = std::lock_guard<std::recursive_mutex>;
+
+std::recursive_mutex Mutex;
+const int Event = eventfd(0, EFD_NONBLOCK); ///< readable while the device has something
+
+long answer(const std::string& call, const std::string& argument) {
+    const Lock lock(Mutex);
+    Device.journal += call + (argument == "0" ? "" : ":" + argument) + " ";
+    std::vector<long>& next = Device.answers[call];
+    return next.empty() ? 0 : *std::exchange(next, {next.begin() + 1, next.end()}).begin();
+}
+
+void updateEvent() {
+    eventfd_t value = 0;
+    eventfd_read(Event, &value);
+    if (Device.isAlwaysWaking || !Device.captured.empty()) {
+        eventfd_write(Event, 1);
+    }
+}
+
+} // namespace
+
+void SScriptedPCM::play(long frameCount) {
+    EXPECT_TRUE(isRunning);
+    queuedFrames -= frameCount;
+}
+
+int SScriptedPCM::clear() {
+    const Lock lock(Mutex);
+    isRunning = false;
+    queuedFrames = 0;
+    captured.clear();
+    updateEvent();
+    return 0;
+}
+
+std::string takeJournal() {
+    const Lock lock(Mutex);
+    return std::exchange(Device.journal, "");
+}
+
+void setAnswers(const Answers& answers) {
+    const Lock lock(Mutex);
+    Device.answers = answers;
+}
+
+void capture(const Bytes& bytes, bool notifies) {
+    const Lock lock(Mutex);
+    Device.captured.insert(Device.captured.end(), bytes.begin(), bytes.end());
+    if (notifies) {
+        updateEvent();
+    }
+}
+
+} // namespace sn_test
+
+extern "C" {
+
+using namespace sn_test;
+
+#define ANSWERS(function, parameters, call, argument)                                              \
+    int function parameters {                                                                      \
+        return static_cast<int>(answer(call, std::to_string(argument)));                           \
+    }
+ANSWERS(snd_pcm_hw_params_any, (PCM, Hardware), "any", 0)
+ANSWERS(snd_pcm_hw_params_set_access, (PCM, Hardware, snd_pcm_access_t access), "access", access)
+ANSWERS(snd_pcm_hw_params_set_format, (PCM, Hardware, snd_pcm_format_t format), "format",
+        (Device.sampleSize = format == SND_PCM_FORMAT_U8 ? 1 : 2, format))
+ANSWERS(snd_pcm_hw_params_set_channels, (PCM, Hardware, unsigned count), "channels",
+        Device.channelCount = count)
+ANSWERS(snd_pcm_hw_params_set_rate, (PCM, Hardware, unsigned rate, int), "rate", rate)
+ANSWERS(snd_pcm_hw_params_set_buffer_size_near, (PCM, Hardware, Frames* size), "buffer",
+        std::exchange(*size, Device.bufferFrames))
+ANSWERS(snd_pcm_hw_params_set_period_size_near, (PCM, Hardware, Frames* size, int*), "period",
+        *size)
+ANSWERS(snd_pcm_hw_params, (PCM, Hardware), "hardware", 0)
+ANSWERS(snd_pcm_sw_params_current, (PCM, Software), "current", 0)
+ANSWERS(snd_pcm_sw_params_set_start_threshold, (PCM, Software, Frames size), "start",
+        Device.startFrames = size)
+ANSWERS(snd_pcm_sw_params_set_avail_min, (PCM, Software, Frames size), "wake", size)
+ANSWERS(snd_pcm_sw_params, (PCM, Software), "software", 0)
+ANSWERS(snd_pcm_prepare, (PCM), "prepare", Device.clear())
+ANSWERS(snd_pcm_start, (PCM), "begin", 0)
+ANSWERS(snd_pcm_resume, (PCM), "resume", 0)
+ANSWERS(snd_pcm_hw_free, (PCM), "free", 0)
+ANSWERS(snd_pcm_close, (PCM), "close", Device.clear())
+
+int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) {
+    *pcm = reinterpret_cast<PCM>(&Device);
+    EXPECT_TRUE(stream == Device.stream && mode == SND_PCM_NONBLOCK);
+    return static_cast<int>(answer("open", name));
+}
+snd_pcm_sframes_t snd_pcm_avail(PCM) {
+    const Lock lock(Mutex);
+    const long error = answer("avail", "0");
+    return error < 0 ? error
+           : Device.stream == SND_PCM_STREAM_CAPTURE
+               ? static_cast<long>(Device.captured.size()) / Device.frameSize()
+               : Device.bufferFrames - Device.queuedFrames;
+}
+snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
+    const long result = answer("write", std::to_string(frameCount));
+    const long taken = result == 0 ? static_cast<long>(frameCount) : std::max(result, 0L);
+    Device.queuedFrames += taken;
+    EXPECT_LE(Device.queuedFrames, Device.bufferFrames);
+    Device.isRunning |= Device.queuedFrames >= static_cast<long>(Device.startFrames);
+    const auto* samples = static_cast<const std::int16_t*>(data);
+    Device.played.insert(Device.played.end(), samples, samples + 2 * taken);
+    return result < 0 ? result : taken;
+}
+snd_pcm_sframes_t snd_pcm_readi(PCM, void* data, Frames frameCount) {
+    const Lock lock(Mutex);
+    const long result = answer("read", std::to_string(frameCount));
+    if (result < 0) {
+        return result;
+    }
+    const long taken = result == 0 ? static_cast<long>(frameCount) : result;
+    const auto end = Device.captured.begin() + taken * Device.frameSize();
+    std::copy(Device.captured.begin(), end, static_cast<std::uint8_t*>(data));
+    Device.captured.erase(Device.captured.begin(), end);
+    updateEvent();
+    return taken;
+}
+int snd_pcm_poll_descriptors_count(PCM) {
+    const long error = answer("descriptors", "0");
+    return error < 0 ? static_cast<int>(error) : 1;
+}
+int snd_pcm_poll_descriptors(PCM, pollfd* descriptors, unsigned) {
+    *descriptors = {Event, POLLIN, 0};
+    return 1;
+}
+int snd_pcm_poll_descriptors_revents(PCM, pollfd*, unsigned, unsigned short* events) {
+    *events = POLLIN;
+    return static_cast<int>(answer("events", "0"));
+}
+
+} // extern "C"
