@@ -128,6 +128,19 @@ function(sonimbra_add_real_sound_test name script)
       "SONIMBRA_PLAYER=$<TARGET_FILE:sonimbra_player>;SONIMBRA_WINE=${CMAKE_CROSSCOMPILING_EMULATOR};PYTHONDONTWRITEBYTECODE=1")
 endfunction()
 
+# sonimbra_add_flat_interface_test(<name> <script>)
+#
+# Reads the headers, and calls the shared library as a foreign language does.
+function(sonimbra_add_flat_interface_test name script)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  add_test(NAME ${name} COMMAND Python3::Interpreter "${CMAKE_CURRENT_SOURCE_DIR}/${script}" -v)
+  set_tests_properties(
+    ${name}
+    PROPERTIES
+      TIMEOUT 60 ENVIRONMENT
+      "SONIMBRA_LIBRARY=$<TARGET_FILE:sonimbra>;SONIMBRA_CXX=${CMAKE_CXX_COMPILER};PYTHONDONTWRITEBYTECODE=1")
+endfunction()
+
 # sonimbra_add_fuzzers(<folder>)
 #
 # Each <name>_fuzzer.cpp is a libFuzzer program that runs for a minute. Its seeds are what
