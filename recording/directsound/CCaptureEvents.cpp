@@ -28,7 +28,15 @@ void CCaptureEvents::close() {
     }
 }
 
-/// Window messages to the thread wake it as well; they concern nobody here.
+/// A message that stays unread would end the next wait at once. Only a receiver that makes windows
+/// on the capture thread has use for them.
+void CCaptureEvents::dispatchMessages() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        DispatchMessageA(&message);
+    }
+}
+
 CCaptureEvents::EEvent CCaptureEvents::wait() const {
     const auto count = static_cast<DWORD>(std::size(Handles));
     for (;;) {
@@ -36,6 +44,7 @@ CCaptureEvents::EEvent CCaptureEvents::wait() const {
         if (event < count) {
             return static_cast<EEvent>(event);
         }
+        dispatchMessages();
     }
 }
 

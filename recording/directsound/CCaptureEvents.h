@@ -23,10 +23,12 @@ public:
 
     HANDLE get(EEvent event) const { return Handles[event]; }
 
-    /// Sleeps until one of them is signalled.
+    /// Sleeps until one of them is signalled. Messages to the thread are dispatched meanwhile.
     EEvent wait() const;
 
 private:
+    static void dispatchMessages();
+
     HANDLE Handles[StopRequest + 1] = {};
 };
 
