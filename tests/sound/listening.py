@@ -273,10 +273,8 @@ class RecordingTest(ListeningTest):
 
     def start_recording(self, file, options):
         """Returns when the file is there: it is made with the first block."""
-        recording = subprocess.Popen(
-            self.command(file, [*options, "--record"]), stdout=subprocess.PIPE, text=True
-        )
-        self.addCleanup(recording.stdout.close)
+        command = [*REALTIME, *self.command(file, [*options, "--record"])]
+        recording = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
         self.addCleanup(recording.kill)
         deadline = time.monotonic() + 20
         while not file.exists() and recording.poll() is None:
@@ -291,14 +289,17 @@ class RecordingTest(ListeningTest):
         def compare():
             file.unlink(missing_ok=True)
             recording = self.start_recording(file, ["--seconds", "4", *options])
-            self.record(tone, [])
+            played = hear(self.record(tone, [])[0])
             printed = recording.communicate(timeout=30)[0]
             self.assertEqual(recording.returncode, 0, printed)
             self.assertRegex(printed.splitlines()[-1], r"^Recorded 4\.000 s, peak (49|50|51)\.")
             parameters, heard = read_channels(file)
             self.assertEqual(parameters[:4], (channels, bits // 8, RATE, 4 * RATE))
-            for channel in heard:
-                self.check_channel(hear(channel), Expected())
+            for recorded in map(hear, heard):
+                # What playing lost on a busy machine is no fault of the recording.
+                for measure, delta in (("seconds", 0.01), ("pitch", 2), ("level", 0.02), ("longest_gap", 50)):
+                    values = getattr(recorded, measure), getattr(played, measure)
+                    self.assertAlmostEqual(*values, delta=delta, msg=measure)
 
         for channels, bits in ((2, 16), (1, 8)):
             options = ["--channels", str(channels), "--bits", str(bits)]

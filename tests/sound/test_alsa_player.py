@@ -34,15 +34,12 @@ class ALSARecordingTest(ALSACommand, listening.RecordingTest):
         self.assertEqual(recording.returncode, 0, printed)
         seconds = len(listening.read_channels(file)[1][0]) / listening.RATE
         self.assertEqual(printed.splitlines()[-1].split(",")[0], f"Recorded {seconds:.3f} s")
-        self.assertEqual(file.stat().st_size, 44 + round(seconds * listening.RATE) * 4)
 
     def test_a_full_disk_is_told(self):
         command = self.command("/dev/full", ["--seconds", "9", "--record"])
         failed = subprocess.run(command, capture_output=True, text=True, timeout=20)
-        self.assertEqual(failed.returncode, 4)
-        self.assertEqual(
-            failed.stderr, "sonimbra-player: cannot write /dev/full: No space left on device\n"
-        )
+        error = "sonimbra-player: cannot write /dev/full: No space left on device\n"
+        self.assertEqual((failed.returncode, failed.stderr), (4, error))
 
 
 class ALSAPlayerTest(ALSACommand, listening.PlayerTest):

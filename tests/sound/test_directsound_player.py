@@ -53,12 +53,25 @@ class DirectSoundChoices(listening.WindowsPlayer, listening.ListeningTest):
 
     def test_devices(self):
         listed = subprocess.check_output(self.program("--list-devices"), text=True).splitlines()
-        self.assertEqual(listed[0].split(), ["default", "device"])
-        known = listed[1].split()[0]
+        captures = listed.index("") + 1
+        for heading in (0, captures):
+            self.assertEqual(listed[heading + 1].split(), ["default", "device"])
+        self.assertIn("  Monitor of Null Output", listed[-1])
+        known = listed[2].split()[0]
         for device in (known, "0" * 36, "x" * 5000, "\u00fc\u97f3"):
             with self.subTest(device=device[:40]):
                 self.check(["--verbose", "--device", device], Expected(), Expected())
                 self.assertEqual("Using device" in self.printed, device == known)
+
+    def test_effects(self):
+        # Wine's effects let the sound pass.
+        options = ["--effect", "Echo", "--effect", "wavesreverb", "--verbose"]
+        self.check(options, Expected(), Expected())
+        self.assertNotIn("Could not set effects", self.printed)
+
+
+class Recording(listening.WindowsPlayer, listening.RecordingTest):
+    pass
 
 
 if __name__ == "__main__":
