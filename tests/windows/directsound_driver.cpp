@@ -54,6 +54,7 @@ protected:
         Driver->update();
         sounds[0]->setPan(0.5f);
         for (const Sound& sound : sounds) {
+            EXPECT_EQ(isNew(), sound->getSoundEffectControl() != nullptr);
             sound->setIsLooped(true);
             sound->setPlaybackSpeed(0.5f);
             sound->setPlayPosition(50);

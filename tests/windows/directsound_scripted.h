@@ -3,9 +3,14 @@
 
 #pragma once
 
+#include "tests/support/mixer_recording.h"
 #include "tests/support/ramp.h"
 
+#include <algorithm>
+#include <bit>
+#include <cmath>
 #include <memory>
+#include <span>
 #include <sstream>
 
 #include <dsound.h>
@@ -84,6 +89,62 @@ struct SScriptedListener final : SScriptedObject {
     NOTES(CommitDeferredSettings, ());
 };
 
+/// Plays a second as a sound that can take effects, after one that cannot.
+inline Sound playWithEffects(sonimbra::ISoundEngine& engine, EStorage storage, bool looped) {
+    SRecording recording = counting(44100);
+    recording.storage = storage;
+    const Sound plain = playRecording(engine, recording);
+    return Sound::adopt(engine.play2D(plain->getSoundSource(), looped, false, true, true));
+}
+
+using Effects = sonimbra::ISoundEffectControl;
+
+/// An effect: enabled as it comes and with other values, and what DirectSound gets for either.
+const struct SEffectKind {
+    const GUID &effectClass, &control;
+    const char *name, *defaults, *values;
+    bool (*enable)(Effects&), (*change)(Effects&);
+    void (Effects::*disable)();
+    bool (Effects::*isEnabled)();
+} EffectKinds[] = {
+#define KIND(word, id, defaults, values, ...)                                                      \
+    GUID_DSFX_##id, IID_IDirectSoundFX##word, #word, defaults, values,                             \
+        [](Effects& e) { return e.enable##word##SoundEffect(); },                                  \
+        [](Effects& e) { return e.enable##word##SoundEffect(__VA_ARGS__); },                       \
+        &Effects::disable##word##SoundEffect, &Effects::is##word##SoundEffectEnabled
+    KIND(Chorus, STANDARD_CHORUS, "50 10 25 1.1 1 16 3", "1 2 3 4 0 5 1", 1, 2, 3, 4, 0, 5, -90),
+    KIND(Compressor, STANDARD_COMPRESSOR, "0 10 200 -20 3 4", "1 2 3 4 5 6", 1, 2, 3, 4, 5, 6),
+    KIND(Distortion, STANDARD_DISTORTION, "-18 15 2400 2400 8000", "1 2 3 4 5", 1, 2, 3, 4, 5),
+    KIND(Echo, STANDARD_ECHO, "50 50 500 500 0", "1 2 3 4 5", 1, 2, 3, 4, 5),
+    KIND(Flanger, STANDARD_FLANGER, "50 100 -50 0.25 1 2 0", "1 2 3 4 0 5 7", 1, 2, 3, 4, 0, 5, 7),
+    KIND(Gargle, STANDARD_GARGLE, "20 0", "-2 1", -2, 0),
+    KIND(I3DL2Reverb, STANDARD_I3DL2REVERB,
+         "-1000 -100 0 1.49 0.83 -2602 0.007 200 0.011 100 100 5000", "1 2 3 4 5 6 7 8 9 10 11 12",
+         1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12),
+    KIND(ParamEq, STANDARD_PARAMEQ, "8000 12 0", "1 2 3", 1, 2, 3),
+    KIND(WavesReverb, WAVES_REVERB, "0 0 1000 0.001", "1 2 3 4", 1, 2, 3, 4),
+};
+
+inline const SEffectKind& effectKind(const GUID& id) {
+    return *std::find_if(EffectKinds, std::end(EffectKinds) - 1,
+                         [&](const SEffectKind& kind) { return kind.effectClass == id; });
+}
+
+struct SScriptedEffect final : SScriptedObject {
+    explicit SScriptedEffect(const SEffectKind& kind) : SScriptedObject(kind.name), Kind(kind) {}
+    /// What is no usual float is taken for a whole number.
+    virtual HRESULT WINAPI SetAllParameters(const LONG* field) {
+        std::ostringstream text;
+        std::istringstream words(Kind.values);
+        for (std::string word; words >> word; ++field) {
+            const auto real = std::bit_cast<float>(*field);
+            (std::isnormal(real) ? text << real : text << *field) << ' ';
+        }
+        return note("SetAllParameters", text.str());
+    }
+    const SEffectKind& Kind;
+};
+
 struct SScriptedBuffer final : SScriptedObject {
     SScriptedBuffer(const std::string& name, const WAVEFORMATEX& format,
                     const std::shared_ptr<Bytes>& memory)
@@ -131,6 +192,25 @@ struct SScriptedBuffer final : SScriptedObject {
     NOTES(Stop, ());
     NOTES(Unlock, (void*, DWORD first, void*, DWORD second), first, second);
     DOES(Restore, (), (Loss = DS_OK, note("Restore")));
+    virtual HRESULT WINAPI SetFX(DWORD count, const DSEFFECTDESC* wanted, DWORD* results) {
+        EXPECT_EQ(count > 0, wanted != nullptr && results != nullptr);
+        std::string call = "SetFX";
+        for (const DSEFFECTDESC& effect : std::span(wanted, count)) {
+            EXPECT_EQ(sizeof(effect), effect.dwSize);
+            EXPECT_EQ(0u, effect.dwFlags | effect.dwReserved1 | effect.dwReserved2);
+            call.append(" ").append(effectKind(effect.guidDSFXClass).name);
+            *results++ = DSFXR_LOCSOFTWARE;
+        }
+        return note(call.c_str());
+    }
+    GAP(e)
+    virtual HRESULT WINAPI GetObjectInPath(REFGUID id, DWORD index, REFGUID control, void** out) {
+        const SEffectKind& kind = effectKind(id);
+        EXPECT_TRUE(index == 0 && control == kind.control) << kind.name;
+        const HRESULT answer = note("GetObjectInPath", kind.name);
+        *out = FAILED(answer) ? nullptr : addScripted<SScriptedEffect>(kind);
+        return answer;
+    }
     WAVEFORMATEX Format;
     std::shared_ptr<Bytes> Memory; ///< duplicates share it
     DWORD Cursor = 0;              ///< in bytes
