@@ -11,20 +11,6 @@ namespace Sonimbra {
 /// object alive until the library releases it.
 /// </summary>
 internal static class Callbacks {
-    private static volatile bool isExiting;
-
-    static Callbacks() {
-        AppDomain.CurrentDomain.ProcessExit += (sender, arguments) => isExiting = true;
-    }
-
-    /// <summary>
-    /// Once the process ends, the engines' threads may still call, but the application no longer
-    /// expects it: callbacks then do nothing.
-    /// </summary>
-    public static bool IsExiting {
-        get { return isExiting; }
-    }
-
     public static IntPtr CreateContext(object target) {
         return GCHandle.ToIntPtr(GCHandle.Alloc(target));
     }

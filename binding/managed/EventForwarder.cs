@@ -34,7 +34,7 @@ internal sealed class EventForwarder {
     private static void Deliver(IntPtr context, IntPtr nativeSound, StopEventCause cause,
                                 IntPtr nativeUserData) {
         try {
-            if (!Callbacks.IsExiting) {
+            if (!ProcessEnd.HasBegun) {
                 Callbacks.GetTarget<EventForwarder>(context).OnSoundStopped(cause);
             }
         } catch (Exception) {

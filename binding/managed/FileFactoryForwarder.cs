@@ -29,7 +29,7 @@ internal sealed class FileFactoryForwarder {
 
     private static IntPtr CreateFileReader(IntPtr context, IntPtr fileName) {
         try {
-            if (Callbacks.IsExiting) {
+            if (ProcessEnd.HasBegun) {
                 return IntPtr.Zero;
             }
             IFileFactory factory = Callbacks.GetTarget<FileFactoryForwarder>(context).Factory;

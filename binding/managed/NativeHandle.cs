@@ -14,12 +14,14 @@ namespace Sonimbra {
 internal abstract class NativeHandle : SafeHandle {
     /// <summary>The engine; null for what needs none.</summary>
     public readonly IntPtr NativeEngine;
+    private readonly WeakReference registration;
 
     /// <summary>Adopts a reference to the object, and grabs its engine.</summary>
     protected NativeHandle(IntPtr native, IntPtr engine) : base(IntPtr.Zero, true) {
         NativeMethods.sonimbra_engine_grab(engine);
         NativeEngine = engine;
         SetHandle(native);
+        registration = ProcessEnd.Register(this);
     }
 
     public override bool IsInvalid {
@@ -35,6 +37,7 @@ internal abstract class NativeHandle : SafeHandle {
     protected abstract void Drop();
 
     protected sealed override bool ReleaseHandle() {
+        ProcessEnd.Forget(registration);
         Drop();
         NativeMethods.sonimbra_engine_drop(NativeEngine);
         return true;

@@ -34,7 +34,7 @@ internal sealed class StreamForwarder {
     }
 
     private static Stream GetStream(IntPtr context) {
-        return Callbacks.IsExiting ? Stream.Null
+        return ProcessEnd.HasBegun ? Stream.Null
                                    : Callbacks.GetTarget<StreamForwarder>(context).Stream;
     }
 

@@ -45,7 +45,8 @@ public class Vector3DTests {
         Assert.AreEqual(100000020000001.0, V(10000001, 0, 0).GetLengthSQ());
         Assert.AreEqual(100000020000001.0, V(0, 0, 10000001).LengthSQ);
         Assert.AreEqual(1.0f, V(1e7f, 1, 1e7f).DotProduct(V(1e7f, 1, -1e7f)));
-        Assert.AreEqual(V(1, 0, 0), V(0, 10000001, 10000000).CrossProduct(V(0, 10000002, 10000001)));
+        Assert.AreEqual(V(1, 0, 0),
+                        V(0, 10000001, 10000000).CrossProduct(V(0, 10000002, 10000001)));
         Assert.AreEqual(V(-3, 6, -3), V(1, 2, 3).CrossProduct(V(4, 5, 6)));
         Assert.AreEqual(13.0, V(3, 4, 12).GetLength());
         Assert.AreEqual(13.0, V(3, -4, 12).Length);
