@@ -16,6 +16,14 @@ sonimbra_collect_sources(sonimbra_sources ${sonimbra_folders})
 file(GLOB sonimbra_public_headers CONFIGURE_DEPENDS
      "${PROJECT_SOURCE_DIR}/engine/include/sonimbra/*.h")
 
+# Only these are compiled for a processor with AVX2, and run on one alone.
+set(sonimbra_avx2_sources ${sonimbra_sources})
+list(FILTER sonimbra_avx2_sources INCLUDE REGEX "_avx2_x86\\.cpp$")
+if(sonimbra_avx2_sources)
+  set_source_files_properties(${sonimbra_avx2_sources} PROPERTIES COMPILE_OPTIONS
+                              "$<IF:$<CXX_COMPILER_ID:MSVC>,/arch:AVX2,-mavx2>")
+endif()
+
 set(sonimbra_libraries DUMB::DUMB VorbisFile::VorbisFile Threads::Threads)
 if(WIN32)
   list(APPEND sonimbra_libraries winmm ole32 user32 dxguid)
@@ -37,6 +45,7 @@ function(sonimbra_add_objects target)
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
   target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/engine/include")
   target_link_libraries(${target} PRIVATE ${sonimbra_libraries})
+  target_compile_definitions(${target} PRIVATE SONIMBRA_DUMB_ALONE=$<BOOL:${SONIMBRA_DUMB_ALONE}>)
 endfunction()
 
 sonimbra_add_objects(sonimbra_objects)

@@ -29,8 +29,17 @@ void interleave(const std::int32_t* left, const std::int32_t* right, std::int32_
     }
 }
 
-void spreadMono(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
-    interleave(mono, mono, frameCount, target);
+void narrow(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
+    for (std::int32_t i = 0; i < frameCount; ++i) {
+        target[i] = clipped(mono[i]);
+    }
+}
+
+void spread(const std::int16_t* mono, std::int32_t frameCount, std::int16_t* target) {
+    for (std::int32_t i = 0; i < frameCount; ++i) {
+        target[2 * i] = mono[i];
+        target[2 * i + 1] = mono[i];
+    }
 }
 
 void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
@@ -46,6 +55,18 @@ void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32
         sum[i] = static_cast<std::int32_t>(static_cast<std::uint32_t>(sum[i]) +
                                            static_cast<std::uint32_t>(samples[i]));
     }
+}
+
+void scaleAndAccumulate(std::int16_t* samples, std::int32_t frameCount, const SGains& gains,
+                        std::int32_t* sum) {
+    portable::scale(samples, frameCount, gains);
+    portable::accumulate(samples, frameCount, sum);
+}
+
+void spreadScaleAndAccumulate(const std::int16_t* mono, std::int16_t* target,
+                              std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
+    portable::spread(mono, frameCount, target);
+    portable::scaleAndAccumulate(target, frameCount, gains, sum);
 }
 
 void clip(const std::int32_t* sum, std::int32_t frameCount, std::int16_t* target) {

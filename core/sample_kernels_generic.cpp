@@ -10,8 +10,12 @@ void interleave(const std::int32_t* left, const std::int32_t* right, std::int32_
     portable::interleave(left, right, frameCount, target);
 }
 
-void spreadMono(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
-    portable::spreadMono(mono, frameCount, target);
+void narrow(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
+    portable::narrow(mono, frameCount, target);
+}
+
+void spread(const std::int16_t* mono, std::int32_t frameCount, std::int16_t* target) {
+    portable::spread(mono, frameCount, target);
 }
 
 void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
@@ -20,6 +24,16 @@ void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) 
 
 void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32_t* sum) {
     portable::accumulate(samples, frameCount, sum);
+}
+
+void scaleAndAccumulate(std::int16_t* samples, std::int32_t frameCount, const SGains& gains,
+                        std::int32_t* sum) {
+    portable::scaleAndAccumulate(samples, frameCount, gains, sum);
+}
+
+void spreadScaleAndAccumulate(const std::int16_t* mono, std::int16_t* target,
+                              std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
+    portable::spreadScaleAndAccumulate(mono, target, frameCount, gains, sum);
 }
 
 void clip(const std::int32_t* sum, std::int32_t frameCount, std::int16_t* target) {

@@ -5,7 +5,9 @@
 // themselves: it takes the place of comparing, selecting and narrowing. Each function hands what is
 // left of a block to its portable twin.
 
-#include "core/sample_kernels.h"
+#include "core/sample_kernels_x86.h"
+
+#include "core/processor.h"
 
 #include <emmintrin.h>
 
@@ -62,6 +64,17 @@ bool isModerate(float gain) {
     return gain >= -60000.0f && gain <= 60000.0f;
 }
 
+/// Whether it fits 16 bits even.
+bool isDamping(float gain) {
+    return gain >= -0.9999f && gain <= 1.0f;
+}
+
+const bool HasAVX2 = hasAVX2();
+
+bool isForAVX2(const SGains& gains) {
+    return HasAVX2 && isDamping(gains.left) && isDamping(gains.right);
+}
+
 } // namespace
 
 void interleave(const std::int32_t* left, const std::int32_t* right, std::int32_t frameCount,
@@ -74,14 +87,22 @@ void interleave(const std::int32_t* left, const std::int32_t* right, std::int32_
     portable::interleave(left + i, right + i, frameCount - i, target + 2 * i);
 }
 
-void spreadMono(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
+void narrow(const std::int32_t* mono, std::int32_t frameCount, std::int16_t* target) {
     std::int32_t i = 0;
     for (; i + 8 <= frameCount; i += 8) {
-        const __m128i packed = _mm_packs_epi32(load(mono + i), load(mono + i + 4));
-        store(target + 2 * i, _mm_unpacklo_epi16(packed, packed));
-        store(target + 2 * i + 8, _mm_unpackhi_epi16(packed, packed));
+        store(target + i, _mm_packs_epi32(load(mono + i), load(mono + i + 4)));
     }
-    portable::spreadMono(mono + i, frameCount - i, target + 2 * i);
+    portable::narrow(mono + i, frameCount - i, target + i);
+}
+
+void spread(const std::int16_t* mono, std::int32_t frameCount, std::int16_t* target) {
+    std::int32_t i = 0;
+    for (; i + 8 <= frameCount; i += 8) {
+        const __m128i samples = load(mono + i);
+        store(target + 2 * i, _mm_unpacklo_epi16(samples, samples));
+        store(target + 2 * i + 8, _mm_unpackhi_epi16(samples, samples));
+    }
+    portable::spread(mono + i, frameCount - i, target + 2 * i);
 }
 
 void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
@@ -92,7 +113,7 @@ void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) 
 }
 
 void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32_t* sum) {
-    std::int32_t i = 0;
+    std::int32_t i = HasAVX2 ? avx2::accumulateBlocks(samples, frameCount, sum) : 0;
     for (; i + 4 <= frameCount; i += 4) {
         const __m128i block = load(samples + 2 * i);
         std::int32_t* at = sum + 2 * i;
@@ -100,6 +121,23 @@ void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32
         store(at + 4, _mm_add_epi32(load(at + 4), upperHalf(block)));
     }
     portable::accumulate(samples + 2 * i, frameCount - i, sum + 2 * i);
+}
+
+void scaleAndAccumulate(std::int16_t* samples, std::int32_t frameCount, const SGains& gains,
+                        std::int32_t* sum) {
+    const std::int32_t i =
+        isForAVX2(gains) ? avx2::dampAndAccumulateBlocks(samples, frameCount, gains, sum) : 0;
+    scale(samples + 2 * i, frameCount - i, gains);
+    accumulate(samples + 2 * i, frameCount - i, sum + 2 * i);
+}
+
+void spreadScaleAndAccumulate(const std::int16_t* mono, std::int16_t* target,
+                              std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
+    const std::int32_t i =
+        isForAVX2(gains) ? avx2::spreadDampAndAccumulateBlocks(mono, target, frameCount, gains, sum)
+                         : 0;
+    spread(mono + i, frameCount - i, target + 2 * i);
+    scaleAndAccumulate(target + 2 * i, frameCount - i, gains, sum + 2 * i);
 }
 
 void clip(const std::int32_t* sum, std::int32_t frameCount, std::int16_t* target) {

@@ -22,6 +22,19 @@ public:
     bool setPosition(std::int32_t frame) override;
     std::int32_t readFrames(void* target, std::int32_t frameCountToRead) override;
 
+    /// Frames where they stand. They stay valid as long as the samples have this data.
+    struct SView {
+        const void* frames;
+        std::int32_t frameCount;
+    };
+
+    /// What readFrames would copy; moves on as it does.
+    SView viewFrames(std::int32_t frameCountToRead);
+
+    /// Whether the views may be read as 16-bit numbers. Only samples of the application's own
+    /// memory may be such that they may not.
+    bool isAlignedFor16Bit() const;
+
 private:
     counted_ptr<CSonimbraBufferedSamples> Samples;
     std::int32_t ReadPosition = 0; ///< in bytes

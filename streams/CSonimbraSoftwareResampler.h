@@ -15,7 +15,7 @@ public:
     explicit CSonimbraSoftwareResampler(std::int32_t outputRate) : OutputRate(outputRate) {}
 
     /// Writes up to frameCount frames to target at a playback speed; returns how many it wrote.
-    /// Fewer than asked means that the source has ended.
+    /// Fewer than asked means that the source has ended. A target of null is moved over only.
     virtual std::int32_t read(std::int16_t* target, std::int32_t frameCount, float speed) = 0;
 
     /// Moves to a frame of the source.
@@ -32,6 +32,12 @@ public:
 
     std::int32_t read(std::int16_t* target, std::int32_t frameCount, float speed) override;
     bool setPosition(std::int32_t sourceFrame) override;
+
+    /// As read, with the channels that the source has: one, or two.
+    virtual std::int32_t readChannels(std::int16_t* target, std::int32_t frameCount, float speed) {
+        return read(target, frameCount, speed);
+    }
+    virtual std::int32_t getReadChannelCount() const { return 2; }
 
     /// Bring what the next read needs into the cache: first the state, and when that is there the
     /// samples of a block.

@@ -10,8 +10,6 @@
 #include "streams/dumb_tables.h"
 
 #include <algorithm>
-#include <cstddef>
-#include <iterator>
 
 namespace sn_internal {
 namespace {
@@ -21,93 +19,86 @@ namespace {
 constexpr float SmallestStep = 1.0f / 65536.0f;
 constexpr float LargestStep = 32767.0f;
 
-std::int32_t widened(std::uint8_t sample) {
-    return (sample - 128) * 256;
-}
-std::int32_t widened(std::int16_t sample) {
-    return sample;
-}
+constexpr std::int32_t ScratchSize =
+    CCubicChannels::BufferFrames * 2 * static_cast<std::int32_t>(sizeof(std::int16_t));
 
-template <class Sample>
-void copyMono(const Sample* source, std::int32_t count, sample_t* left) {
+void widen(const std::uint8_t* source, std::int32_t count, std::int16_t* target) {
     for (std::int32_t i = 0; i < count; ++i) {
-        left[i] = widened(source[i]);
+        target[i] = static_cast<std::int16_t>((source[i] - 128) * 256);
     }
 }
 
-template <class Sample>
-void splitStereo(const Sample* source, std::int32_t count, sample_t* left, sample_t* right) {
-    for (std::int32_t i = 0; i < count; ++i) {
-        left[i] = widened(source[2 * i]);
-        right[i] = widened(source[2 * i + 1]);
-    }
+/// What the channels take as it is.
+bool isSixteenBit(const sonimbra::SAudioStreamFormat& format) {
+    return format.getSampleSize() == 2 && (format.ChannelCount == 1 || format.ChannelCount == 2);
 }
 
 } // namespace
 
-void CSonimbraSoftwareStreamResampler::SChannel::reset(std::int32_t count) {
-    std::fill(std::begin(guard), std::end(guard), 0);
-    dumb_reset_resampler(&resampler, samples, 1, 0, 0, count);
-}
-
-void CSonimbraSoftwareStreamResampler::SChannel::continueWith(std::int32_t count) {
-    resampler.pos = 0;
-    resampler.subpos = 0;
-    resampler.start = 0;
-    resampler.end = count;
-    resampler.dir = 1;
-}
-
-void CSonimbraSoftwareStreamResampler::SChannel::keepLastSamples(std::int32_t count) {
-    sample_t last[GuardSamples];
-    for (std::int32_t i = 0; i < GuardSamples; ++i) {
-        const std::int32_t index = count - GuardSamples + i;
-        last[i] = index < 0 ? guard[GuardSamples + index] : samples[index];
-    }
-    std::copy(std::begin(last), std::end(last), guard);
-}
-
 CSonimbraSoftwareStreamResampler::CSonimbraSoftwareStreamResampler(std::int32_t outputRate,
                                                                    sonimbra::IAudioStream* source)
-    : CSonimbraSoftwareStreamResamplerBase(outputRate, source), Left(), Right() {
-    static_assert(offsetof(SChannel, samples) ==
-                  offsetof(SChannel, guard) + sizeof(SChannel::guard));
+    : CSonimbraSoftwareStreamResamplerBase(outputRate, source),
+      Channels(SourceFormat.ChannelCount == 2) {
     fillDumbTables();
+    if (isSixteenBit(SourceFormat)) {
+        View = dynamic_cast<CSonimbraBufferedSamplesAudioStream*>(source);
+    }
+    if (View != nullptr && !View->isAlignedFor16Bit()) {
+        View = nullptr;
+    }
+    if (View == nullptr) {
+        Buffer = std::make_unique<std::int16_t[]>(2 * BufferFrames);
+    }
     restart();
 }
 
 void CSonimbraSoftwareStreamResampler::restart() {
-    BufferedFrames = fillBuffers();
-    Left.reset(BufferedFrames);
-    Right.reset(BufferedFrames);
+    const SPortion portion = nextPortion();
+    Channels.restart(portion.frames, portion.frameCount);
 }
 
 bool CSonimbraSoftwareStreamResampler::refill() {
-    Left.keepLastSamples(BufferedFrames);
-    Right.keepLastSamples(BufferedFrames);
-    BufferedFrames = fillBuffers();
-    if (BufferedFrames == 0) {
+    const SPortion portion = nextPortion();
+    if (portion.frameCount == 0) {
         return false;
     }
-    Left.continueWith(BufferedFrames);
-    Right.continueWith(BufferedFrames);
+    Channels.continueWith(portion.frames, portion.frameCount);
     return true;
 }
 
-std::int32_t CSonimbraSoftwareStreamResampler::fillBuffers() {
-    constexpr std::int32_t scratchSize = BufferFrames * 2 * sizeof(std::int16_t);
-    alignas(std::int16_t) unsigned char scratch[scratchSize];
+CSonimbraSoftwareStreamResampler::SPortion CSonimbraSoftwareStreamResampler::nextPortion() {
+    Channels.endPortion();
+    if (View != nullptr) {
+        return viewPortion();
+    }
+    return {Buffer.get(), fillBuffer()};
+}
+CSonimbraSoftwareStreamResampler::SPortion CSonimbraSoftwareStreamResampler::viewPortion() {
+    const CSonimbraBufferedSamplesAudioStream::SView view = View->viewFrames(BufferFrames);
+    return {static_cast<const std::int16_t*>(view.frames), view.frameCount};
+}
+
+std::int32_t CSonimbraSoftwareStreamResampler::fillBuffer() {
+    return isSixteenBit(SourceFormat) ? readPiece(Buffer.get(), BufferFrames) : fillInPieces();
+}
+
+/// One piece, unless the stream has more channels than the scratch buffer was made for. Those are
+/// read, and not heard.
+std::int32_t CSonimbraSoftwareStreamResampler::fillInPieces() {
+    alignas(std::int16_t) unsigned char scratch[ScratchSize];
     const std::int32_t frameSize = SourceFormat.getFrameSize();
-    if (frameSize < 1 || frameSize > scratchSize) {
+    if (frameSize < 1 || frameSize > ScratchSize) {
         return 0;
     }
-    // One piece, unless the stream has more channels than the scratch buffer was made for.
-    const std::int32_t pieceFrames = std::min(BufferFrames, scratchSize / frameSize);
+    const std::int32_t channels = SourceFormat.ChannelCount;
+    const std::int32_t pieceFrames = std::min(BufferFrames, ScratchSize / frameSize);
     std::int32_t total = 0;
     while (total < BufferFrames) {
         const std::int32_t asked = std::min(pieceFrames, BufferFrames - total);
         const std::int32_t got = readPiece(scratch, asked);
-        convert(scratch, total, got);
+        if (channels <= 2) {
+            widen(scratch, channels * got, Buffer.get() + channels * total);
+        }
         total += got;
         if (got < asked) {
             break;
@@ -117,86 +108,57 @@ std::int32_t CSonimbraSoftwareStreamResampler::fillBuffers() {
 }
 
 /// Trusts no stream to keep to what it was asked.
-std::int32_t CSonimbraSoftwareStreamResampler::readPiece(void* scratch, std::int32_t frameCount) {
+std::int32_t CSonimbraSoftwareStreamResampler::readPiece(void* target, std::int32_t frameCount) {
     return withoutExceptions(
-        0, [&] { return std::clamp(Source->readFrames(scratch, frameCount), 0, frameCount); });
-}
-
-void CSonimbraSoftwareStreamResampler::convert(const void* scratch, std::int32_t firstFrame,
-                                               std::int32_t frameCount) {
-    sample_t* left = Left.samples + firstFrame;
-    sample_t* right = Right.samples + firstFrame;
-    const bool is8Bit = SourceFormat.SampleFormat == sonimbra::E_SAMPLE_FORMAT::Unsigned8Bit;
-    const auto* bytes = static_cast<const std::uint8_t*>(scratch);
-    const auto* words = static_cast<const std::int16_t*>(scratch);
-    if (isStereo()) {
-        is8Bit ? splitStereo(bytes, frameCount, left, right)
-               : splitStereo(words, frameCount, left, right);
-    } else if (SourceFormat.ChannelCount == 1) {
-        is8Bit ? copyMono(bytes, frameCount, left) : copyMono(words, frameCount, left);
-    }
+        0, [&] { return std::clamp(Source->readFrames(target, frameCount), 0, frameCount); });
 }
 
 float CSonimbraSoftwareStreamResampler::getStep(float speed) const {
     return static_cast<float>(SourceFormat.SampleRate) * speed / static_cast<float>(OutputRate);
 }
 
+/// A mono source's frames begin in the middle of the target: each is read before its place is
+/// written.
 std::int32_t CSonimbraSoftwareStreamResampler::read(std::int16_t* target, std::int32_t frameCount,
                                                     float speed) {
+    if (target == nullptr || Channels.getChannelCount() == 2) {
+        return readChannels(target, frameCount, speed);
+    }
+    std::int16_t* const mono = target + frameCount;
+    const std::int32_t done = readChannels(mono, frameCount, speed);
+    spread(mono, done, target);
+    return done;
+}
+
+std::int32_t CSonimbraSoftwareStreamResampler::readChannels(std::int16_t* target,
+                                                            std::int32_t frameCount, float speed) {
     float step = getStep(speed);
     if (!(step > 0.0f)) {
         return 0;
     }
     step = limited(step, SmallestStep, LargestStep);
-    std::int32_t remaining = frameCount;
-    while (remaining > 0) {
-        const std::int32_t produced = readBlock(target, std::min(remaining, BufferFrames), step);
-        target += 2 * produced;
-        remaining -= produced;
+    std::int32_t done = 0;
+    while (done < frameCount) {
+        std::int16_t* const at =
+            target != nullptr ? target + Channels.getChannelCount() * done : nullptr;
+        const std::int32_t produced =
+            Channels.read(at, std::min(frameCount - done, BufferFrames), step);
+        done += produced;
         if (produced == 0 && !refill()) {
             break;
         }
     }
-    return frameCount - remaining;
-}
-
-std::int32_t CSonimbraSoftwareStreamResampler::readBlock(std::int16_t* target,
-                                                         std::int32_t frameCount, float step) {
-    sample_t left[BufferFrames];
-    std::fill_n(left, frameCount, 0); // the resampler adds to what it finds
-    const auto produced =
-        static_cast<std::int32_t>(dumb_resample_1_1(&Left.resampler, left, frameCount, 1.0f, step));
-    if (!isStereo()) {
-        spreadMono(left, produced, target);
-        return produced;
-    }
-    if (produced > 0) {
-        sample_t right[BufferFrames];
-        std::fill_n(right, frameCount, 0);
-        dumb_resample_1_1(&Right.resampler, right, frameCount, 1.0f, step);
-        interleave(left, right, produced, target);
-    }
-    return produced;
+    return done;
 }
 
 void CSonimbraSoftwareStreamResampler::prefetchState() const {
-    prefetch(this, offsetof(SChannel, guard) + sizeof(CSonimbraSoftwareStreamResamplerBase));
-    prefetch(&Right.resampler, sizeof(Right.resampler));
+    prefetch(this, sizeof(CSonimbraSoftwareStreamResamplerBase));
+    Channels.prefetchState();
 }
 
 void CSonimbraSoftwareStreamResampler::prefetchSamples(std::int32_t frameCount, float speed) const {
-    const long begin = Left.resampler.pos;
-    const float sourceFrames = limited(static_cast<float>(frameCount) * getStep(speed), 0.0f,
-                                       static_cast<float>(BufferFrames));
-    const long end = std::min<long>(BufferedFrames, begin + static_cast<long>(sourceFrames) + 1);
-    if (begin >= end) {
-        return;
-    }
-    const std::size_t byteCount = static_cast<std::size_t>(end - begin) * sizeof(sample_t);
-    prefetch(Left.samples + begin, byteCount);
-    if (isStereo()) {
-        prefetch(Right.samples + begin, byteCount);
-    }
+    Channels.prefetchFrames(limited(static_cast<float>(frameCount) * getStep(speed), 0.0f,
+                                    static_cast<float>(BufferFrames)));
 }
 
 bool CSonimbraSoftwareStreamResampler::setPosition(std::int32_t sourceFrame) {

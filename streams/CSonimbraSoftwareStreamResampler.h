@@ -3,51 +3,48 @@
 
 #pragma once
 
+#include "streams/CCubicChannels.h"
+#include "streams/CSonimbraBufferedSamplesAudioStream.h"
 #include "streams/CSonimbraSoftwareResampler.h"
 
-#include <dumb.h>
+#include <memory>
 
 namespace sn_internal {
 
-/// Turns any stream into signed 16-bit stereo at the output rate and any playback speed, by DUMB's
-/// cubic resampler. Works in fixed buffers; nothing is allocated while reading.
+/// Turns any stream into signed 16-bit stereo at the output rate and any playback speed, exactly as
+/// DUMB's cubic resampler does. Nothing is allocated while reading.
 class CSonimbraSoftwareStreamResampler final : public CSonimbraSoftwareStreamResamplerBase {
 public:
     CSonimbraSoftwareStreamResampler(std::int32_t outputRate, sonimbra::IAudioStream* source);
 
     std::int32_t read(std::int16_t* target, std::int32_t frameCount, float speed) override;
     bool setPosition(std::int32_t sourceFrame) override;
+    std::int32_t readChannels(std::int16_t* target, std::int32_t frameCount, float speed) override;
+    std::int32_t getReadChannelCount() const override { return Channels.getChannelCount(); }
     void prefetchState() const override;
     void prefetchSamples(std::int32_t frameCount, float speed) const override;
 
 private:
-    static constexpr std::int32_t BufferFrames = 2048;
-    static constexpr std::int32_t GuardSamples = 3;
+    static constexpr std::int32_t BufferFrames = CCubicChannels::BufferFrames;
 
-    /// One channel's source samples and its resampler. After a refill with a step above one, the
-    /// resampler looks up to three samples in front of the buffer: they stand there.
-    struct SChannel {
-        DUMB_RESAMPLER resampler;
-        sample_t guard[GuardSamples];
-        sample_t samples[BufferFrames];
-
-        void reset(std::int32_t count);
-        void continueWith(std::int32_t count);
-        void keepLastSamples(std::int32_t count);
+    /// Source frames as 16 bits, in the buffer or, where they are such in memory already, there.
+    struct SPortion {
+        const std::int16_t* frames;
+        std::int32_t frameCount;
     };
 
-    bool isStereo() const { return SourceFormat.ChannelCount == 2; }
     float getStep(float speed) const;
-    std::int32_t readBlock(std::int16_t* target, std::int32_t frameCount, float step);
     void restart();
     bool refill();
-    std::int32_t fillBuffers();
-    std::int32_t readPiece(void* scratch, std::int32_t frameCount);
-    void convert(const void* scratch, std::int32_t firstFrame, std::int32_t frameCount);
+    SPortion nextPortion();
+    SPortion viewPortion();
+    std::int32_t fillBuffer();
+    std::int32_t fillInPieces();
+    std::int32_t readPiece(void* target, std::int32_t frameCount);
 
-    std::int32_t BufferedFrames = 0;
-    SChannel Left;
-    SChannel Right;
+    CCubicChannels Channels;
+    CSonimbraBufferedSamplesAudioStream* View = nullptr; ///< the source, if its frames can be used
+    std::unique_ptr<std::int16_t[]> Buffer;              ///< from the first portion that needs it
 };
 
 } // namespace sn_internal

@@ -5,6 +5,7 @@
 
 #include "core/integers.h"
 #include "drivers/software/mixing.h"
+#include "streams/CCubicChannels.h"
 
 #include <algorithm>
 #include <cstring>
@@ -94,23 +95,72 @@ void CSonimbraSoftwareSound::prefetchSamples(std::int32_t frameCount) const {
     }
 }
 
-void CSonimbraSoftwareSound::render(std::int16_t* target, std::int32_t frameCount) {
-    const std::int32_t rendered = renderFrames(target, frameCount);
-    PlayedFrames += truncatedToUint32(static_cast<float>(rendered) * PlaybackSpeed);
-    if (rendered >= frameCount) {
-        return;
-    }
-    if (isLoopedFlagSet()) {
-        startOver(target, frameCount, rendered);
+void CSonimbraSoftwareSound::render(std::int16_t* scratch, std::int32_t frameCount,
+                                    std::int32_t* sum) {
+    if (!isAudible()) {
+        renderSilently(scratch, frameCount);
+    } else if (Resampler->getReadChannelCount() == 1) {
+        renderMono(scratch, frameCount, sum);
     } else {
-        finish(target, frameCount, rendered);
+        renderStereo(scratch, frameCount, sum);
     }
 }
 
-std::int32_t CSonimbraSoftwareSound::renderFrames(std::int16_t* target, std::int32_t frameCount) {
-    const std::int32_t rendered = Resampler->read(target, frameCount, PlaybackSpeed);
-    applyGains(target, frameCount, gainsOf(BufferVolume, BufferPan));
-    return rendered;
+/// Only moves on.
+void CSonimbraSoftwareSound::renderSilently(std::int16_t* scratch, std::int32_t frameCount) {
+    std::fill_n(scratch, 2 * frameCount, std::int16_t(0));
+    const std::int32_t rendered = Resampler->read(nullptr, frameCount, PlaybackSpeed);
+    countPlayed(rendered);
+    if (rendered < frameCount) {
+        complete(scratch, frameCount, rendered);
+    }
+}
+
+void CSonimbraSoftwareSound::renderStereo(std::int16_t* scratch, std::int32_t frameCount,
+                                          std::int32_t* sum) {
+    const SGains gains = getGains();
+    const std::int32_t rendered = Resampler->read(scratch, frameCount, PlaybackSpeed);
+    countPlayed(rendered);
+    if (rendered < frameCount) {
+        applyGains(scratch, frameCount, gains);
+        complete(scratch, frameCount, rendered);
+        accumulate(scratch, frameCount, sum);
+    } else {
+        mixIn(scratch, frameCount, gains, sum);
+    }
+}
+
+void CSonimbraSoftwareSound::renderMono(std::int16_t* scratch, std::int32_t frameCount,
+                                        std::int32_t* sum) {
+    std::int16_t mono[CCubicChannels::BufferFrames];
+    const SGains gains = getGains();
+    const std::int32_t rendered = Resampler->readChannels(mono, frameCount, PlaybackSpeed);
+    countPlayed(rendered);
+    if (rendered < frameCount) {
+        spread(mono, rendered, scratch);
+        applyGains(scratch, frameCount, gains);
+        complete(scratch, frameCount, rendered);
+        accumulate(scratch, frameCount, sum);
+    } else {
+        mixInMono(mono, scratch, frameCount, gains, sum);
+    }
+}
+
+SGains CSonimbraSoftwareSound::getGains() const {
+    return gainsOf(BufferVolume, BufferPan);
+}
+
+void CSonimbraSoftwareSound::countPlayed(std::int32_t frames) {
+    PlayedFrames += truncatedToUint32(static_cast<float>(frames) * PlaybackSpeed);
+}
+
+void CSonimbraSoftwareSound::complete(std::int16_t* scratch, std::int32_t frameCount,
+                                      std::int32_t rendered) {
+    if (isLoopedFlagSet()) {
+        startOver(scratch, frameCount, rendered);
+    } else {
+        finish(scratch, frameCount, rendered);
+    }
 }
 
 /// One restart completes the block; what a shorter sound leaves of it is silent.
@@ -118,7 +168,9 @@ void CSonimbraSoftwareSound::startOver(std::int16_t* target, std::int32_t frameC
                                        std::int32_t rendered) {
     std::int32_t total = rendered;
     if (Resampler->setPosition(0)) {
-        total += renderFrames(target + 2 * rendered, frameCount - rendered);
+        std::int16_t* const rest = target + 2 * rendered;
+        total += Resampler->read(rest, frameCount - rendered, PlaybackSpeed);
+        applyGains(rest, frameCount - rendered, getGains());
     }
     std::fill(target + 2 * total, target + 2 * frameCount, std::int16_t(0));
     PlayedFrames = truncatedToUint32(static_cast<float>(total) * PlaybackSpeed);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/prefetch.h"
+#include "core/sample_kernels.h"
 #include "engine/CSonimbraSound.h"
 #include "streams/CSonimbraSoftwareResampler.h"
 
@@ -45,13 +46,18 @@ public:
     void prefetchState() const;
     void prefetchSamples(std::int32_t frameCount) const;
 
-    /// Writes frameCount frames of 16-bit stereo, with volume and pan applied, and advances. A
-    /// sound that ends fills the rest and is finished afterwards.
-    void render(std::int16_t* target, std::int32_t frameCount);
+    /// Writes frameCount frames of 16-bit stereo, with volume and pan applied, adds them to the sum
+    /// and advances. A sound that ends fills the rest and is finished afterwards.
+    void render(std::int16_t* scratch, std::int32_t frameCount, std::int32_t* sum);
     /// @}
 
 private:
-    std::int32_t renderFrames(std::int16_t* target, std::int32_t frameCount);
+    void renderSilently(std::int16_t* scratch, std::int32_t frameCount);
+    void renderStereo(std::int16_t* scratch, std::int32_t frameCount, std::int32_t* sum);
+    void renderMono(std::int16_t* scratch, std::int32_t frameCount, std::int32_t* sum);
+    SGains getGains() const;
+    void countPlayed(std::int32_t frames);
+    void complete(std::int16_t* scratch, std::int32_t frameCount, std::int32_t rendered);
     void startOver(std::int16_t* target, std::int32_t frameCount, std::int32_t rendered);
     void finish(std::int16_t* target, std::int32_t frameCount, std::int32_t rendered);
 

@@ -139,12 +139,8 @@ void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int16_t* 
     for (CSonimbraSound* playing : getSounds().getPlaying()) {
         lookahead.advance();
         CSonimbraSoftwareSound& sound = toSoftwareSound(playing);
-        if (!sound.isActive() || sound.isPaused()) {
-            continue;
-        }
-        sound.render(scratch, frameCount);
-        if (sound.isAudible()) {
-            accumulate(scratch, frameCount, sum);
+        if (sound.isActive() && !sound.isPaused()) {
+            sound.render(scratch, frameCount, sum);
         }
     }
     clip(sum, frameCount, target);

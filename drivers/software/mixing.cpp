@@ -14,6 +14,10 @@ bool isOne(float gain) {
     return std::fabs(gain - 1.0f) <= 0.000001f;
 }
 
+bool areOne(const SGains& gains) {
+    return isOne(gains.left) && isOne(gains.right);
+}
+
 } // namespace
 
 SGains gainsOf(float volume, float pan) {
@@ -30,10 +34,28 @@ SGains gainsOf(float volume, float pan) {
 }
 
 void applyGains(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
-    if (isOne(gains.left) && isOne(gains.right)) {
+    if (areOne(gains)) {
         return;
     }
     scale(samples, frameCount, gains);
+}
+
+void mixIn(std::int16_t* samples, std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
+    if (areOne(gains)) {
+        accumulate(samples, frameCount, sum);
+    } else {
+        scaleAndAccumulate(samples, frameCount, gains, sum);
+    }
+}
+
+void mixInMono(const std::int16_t* mono, std::int16_t* target, std::int32_t frameCount,
+               const SGains& gains, std::int32_t* sum) {
+    if (areOne(gains)) {
+        spread(mono, frameCount, target);
+        accumulate(target, frameCount, sum);
+    } else {
+        spreadScaleAndAccumulate(mono, target, frameCount, gains, sum);
+    }
 }
 
 } // namespace sn_internal

@@ -37,13 +37,15 @@ TEST_F(SampleKernels, ConvertAndAddLikeTheirTwins) {
     for (std::int32_t n = 0; n <= LongestBlock; ++n) {
         const auto left = makeSamples<std::int32_t>(70000);
         const auto right = makeSamples<std::int32_t>(INT32_MAX);
-        std::vector<std::int16_t> target(6 * LongestBlock, 77), expected(target);
+        std::vector<std::int16_t> target(7 * LongestBlock, 77), expected(target);
         interleave(left.data(), right.data(), n, target.data());
         portable::interleave(left.data(), right.data(), n, expected.data());
-        spreadMono(right.data(), n, target.data() + 2 * LongestBlock);
-        portable::spreadMono(right.data(), n, expected.data() + 2 * LongestBlock);
-        clip(left.data(), n, target.data() + 4 * LongestBlock);
-        portable::clip(left.data(), n, expected.data() + 4 * LongestBlock);
+        narrow(right.data(), n, target.data() + 2 * LongestBlock);
+        portable::narrow(right.data(), n, expected.data() + 2 * LongestBlock);
+        spread(target.data(), n, target.data() + 3 * LongestBlock);
+        portable::spread(expected.data(), n, expected.data() + 3 * LongestBlock);
+        clip(left.data(), n, target.data() + 5 * LongestBlock);
+        portable::clip(left.data(), n, expected.data() + 5 * LongestBlock);
         EXPECT_EQ(target, expected) << n;
         auto sum = left, expectedSum = left;
         accumulate(target.data(), n, sum.data());
@@ -56,13 +58,23 @@ TEST_F(SampleKernels, ScaleLikeTheirTwins) {
     constexpr float inf = std::numeric_limits<float>::infinity();
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     for (const SGains& gains :
-         {SGains{0.999999f, 0.333f}, {3.0f, -40000.0f}, {inf, 0.0f}, {-inf, nan}}) {
+         {SGains{0.999999f, 0.333f}, {-0.5f, 1.0f}, {3.0f, -40000.0f}, {inf, 0.0f}, {-inf, nan}}) {
         for (std::int32_t n = 0; n <= LongestBlock; ++n) {
             auto samples = makeSamples<std::int16_t>(32767);
             auto expected = samples;
             scale(samples.data(), n, gains);
             portable::scale(expected.data(), n, gains);
             EXPECT_EQ(samples, expected) << gains.left << " " << gains.right << " " << n;
+            auto sum = makeSamples<std::int32_t>(70000), expectedSum = sum;
+            const auto mono = makeSamples<std::int16_t>(32767);
+            scaleAndAccumulate(samples.data(), n, gains, sum.data());
+            portable::scaleAndAccumulate(expected.data(), n, gains, expectedSum.data());
+            EXPECT_EQ(samples, expected);
+            spreadScaleAndAccumulate(mono.data(), samples.data(), n, gains, sum.data());
+            portable::spreadScaleAndAccumulate(mono.data(), expected.data(), n, gains,
+                                               expectedSum.data());
+            EXPECT_EQ(samples, expected);
+            EXPECT_EQ(sum, expectedSum) << gains.left << " " << gains.right << " " << n;
         }
     }
 }
