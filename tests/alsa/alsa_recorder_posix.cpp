@@ -5,76 +5,61 @@
 
 #include "tests/alsa/scripted_pcm_posix.h"
 #include "tests/support/log_capture.h"
-#include "tests/support/ramp.h"
 #include "tests/support/wait.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
 #include <functional>
-#include <sstream>
 
 namespace {
 
 using namespace sn_test;
 using sn_internal::counted_ptr;
-using sonimbra::E_SAMPLE_FORMAT;
 using Recorder = counted_ptr<sonimbra::IAudioRecorder>;
 
-constexpr std::int32_t Rate = 1000;
-
+constexpr auto Format = sonimbra::E_SAMPLE_FORMAT::Signed16Bit;
 const char* const StartCalls = "open:x any access:3 format:2 channels:2 rate:1000 buffer:1000 "
                                "period:50 hardware current wake:500 software descriptors begin ";
 
 struct SBlocks : sonimbra::IAudioRecorderReceiver {
     void OnAudioDataRecorded(const void* data, std::int32_t byteCount) override {
-        const auto* bytes = static_cast<const std::uint8_t*>(data);
-        all.insert(all.end(), bytes, bytes + byteCount);
+        const auto* samples = static_cast<const std::int16_t*>(data);
+        all.insert(all.end(), samples, samples + byteCount / 2);
         sizes.push_back(byteCount);
     }
-    Bytes all;
+    Frames16 all;
     std::vector<std::int32_t> sizes;
 };
 
-Bytes ramp(std::int64_t begin, std::int64_t end) {
-    return rampBytes(streamFormat(2, -1, Rate), begin, static_cast<std::int32_t>(end - begin));
-}
-
 class ALSARecording : public testing::Test {
 protected:
-    ALSARecording() { renew(); }
+    void SetUp() override { restart(); }
 
     /// A new recorder on a device as good as new.
-    void renew() {
+    void restart() {
         Recording.reset();
         Device = {};
         Device.stream = SND_PCM_STREAM_CAPTURE;
-        Device.bufferFrames = Rate;
+        Device.bufferFrames = 1000;
         Blocks = counted_ptr<SBlocks>::adopt(new SBlocks);
-        Recording = recorderOf(*Offline.get());
-        EXPECT_EQ("open:x free close ", takeJournal());
+        Driver = offlineEngine(sonimbra::PrintDebugInfoToStdOut);
+        Recording = Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
+            Driver.get(), sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA, "x"));
+        EXPECT_EQ("open:x free close ", journal());
     }
-    static Recorder recorderOf(sonimbra::ISoundEngine& engine) {
-        return Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
-            &engine, sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA, "x"));
+    bool start() { return Recording->startRecordingWithReceiver(Blocks.get(), 1000, Format, 2); }
+    static std::string journal() {
+        const std::lock_guard<std::recursive_mutex> lock(DeviceMutex);
+        return std::exchange(Device.journal, "");
     }
-    bool start(sonimbra::IAudioRecorderReceiver* receiver) {
-        const auto format = E_SAMPLE_FORMAT::Signed16Bit;
-        return receiver == nullptr
-                   ? Recording->startRecordingBufferedAudio(Rate, format, 2)
-                   : Recording->startRecordingWithReceiver(receiver, Rate, format, 2);
-    }
-    /// Waits for calls of the capture thread.
-    static testing::AssertionResult makes(const std::string& calls) {
-        std::string made;
-        if (waitFor([&] { return (made += takeJournal()).size() >= calls.size(); }) &&
-            made == calls) {
-            return testing::AssertionSuccess();
-        }
-        return testing::AssertionFailure() << made << "instead of " << calls;
+    /// Captures, and returns the calls that the capture thread makes, until it has made so many.
+    static std::string capture(const Frames16& frames, std::size_t length) {
+        std::string calls;
+        Device.capture(frames);
+        waitFor([&] { return (calls += journal()).size() >= length; });
+        return calls;
     }
 
-    const OfflineEngine Offline = offlineEngine(sonimbra::PrintDebugInfoToStdOut);
+    OfflineEngine Driver;
     counted_ptr<SBlocks> Blocks;
     Recorder Recording;
 };
@@ -84,122 +69,89 @@ TEST_F(ALSARecording, FailsToStartWhereAnyCallFails) {
     std::string made;
     for (std::string call; calls >> call;) {
         made += call + " ";
-        setAnswers({{call.substr(0, call.find(':')), {-ENODEV}}});
-        const std::string log = standardOutputOf([&] { EXPECT_FALSE(start(nullptr)); });
-        EXPECT_NE(std::string::npos, log.find("ALSA capture device: x: No such device\n")) << log;
-        EXPECT_EQ(made + (call == "open:x" ? "" : "free close "), takeJournal());
+        Device.answers[call.substr(0, call.find(':'))] = {-ENODEV};
+        const std::string log = standardOutputOf([&] { EXPECT_FALSE(start()); });
+        EXPECT_TRUE(log.ends_with(" ALSA capture device: x: No such device\n")) << log;
+        EXPECT_EQ(made + (call == "open:x" ? "" : "free close "), journal());
         EXPECT_FALSE(Recording->isRecording());
-        EXPECT_EQ(0, Recording->getAudioFormat().FrameCount);
     }
-    for (const auto& [rate, channels] :
-         {std::pair{0, 1}, {-1, 1}, {99, 1}, {INT32_MAX, 1}, {1000, 0}, {1000, 3}, {1000, -1}}) {
-        const auto format = E_SAMPLE_FORMAT::Signed16Bit;
-        EXPECT_FALSE(Recording->startRecordingBufferedAudio(rate, format, channels));
-        EXPECT_EQ("", takeJournal());
+    for (const auto& [rate, channels] : {std::pair{99, 1}, {INT32_MAX, 1}, {1000, 0}, {1000, 3}}) {
+        EXPECT_FALSE(Recording->startRecordingBufferedAudio(rate, Format, channels));
+        EXPECT_EQ("", journal());
     }
-    EXPECT_TRUE(start(nullptr));
+    EXPECT_TRUE(start());
 }
 
-TEST_F(ALSARecording, DeliversHalvesOfTheBufferThroughInterruptions) {
+TEST_F(ALSARecording, DeliversHalvesOfTheBufferWhateverHappens) {
+    const char* const lost = "ALSA capture device lost: x: No such device\n";
     const struct {
         Answers answers;
         std::string calls;
-        bool isLost = false; ///< what comes with the interruption
+        bool isOverrun = false; ///< what was captured last is gone
+        std::string log = "";
     } cases[] = {
-        {{}, "events avail read:200 "},
-        {{{"read", {150}}}, "events avail read:200 read:50 "},
-        {{{"read", {150, -EAGAIN}}}, "events avail read:200 read:50 events avail read:50 "},
-        {{{"avail", {-EINTR}}}, "events avail events avail read:200 "},
-        {{{"avail", {-EPIPE}}}, "events avail prepare begin ", true},
-        {{{"read", {-EPIPE}}}, "events avail read:200 prepare begin ", true},
-        {{{"avail", {-EPIPE}}, {"begin", {-ESTRPIPE}}}, "events avail prepare begin ", true},
+        {{{"read", {100}}}, "events avail read:150 read:50 read:50 "},
+        {{{"avail", {-EINTR}}}, "events avail events avail read:150 read:50 "},
+        {{{"avail", {-EPIPE}}}, "events avail prepare begin events avail ", true},
+        {{{"read", {-EPIPE}}}, "events avail read:150 prepare begin ", true},
         {{{"avail", {-ESTRPIPE, -ESTRPIPE}}, {"resume", {-EAGAIN}}},
-         "events avail resume events avail resume events avail read:200 "},
-        {{{"avail", {-ESTRPIPE}}, {"resume", {-ENOSYS}}},
-         "events avail resume prepare begin ",
+         "events avail resume events avail resume events avail read:150 read:50 "},
+        {{{"avail", {-ESTRPIPE}}, {"resume", {-ENOSYS}}, {"begin", {-EPIPE}}},
+         "events avail resume prepare begin events avail ",
          true},
+        {{{"avail", {-ENODEV}}}, "events avail ", false, lost},
+        {{{"avail", {-EAGAIN}}, {"events", {-ENODEV}}}, "events avail ", false, lost},
+        {{{"avail", {-EPIPE}}, {"prepare", {-ENODEV}}}, "events avail prepare ", true, lost},
     };
     for (const auto& test : cases) {
-        renew();
-        ASSERT_TRUE(start(Blocks.get()));
-        EXPECT_EQ(StartCalls, takeJournal());
-        capture(ramp(0, 700));
-        EXPECT_TRUE(makes("events avail read:500 read:200 "));
-        setAnswers(test.answers);
-        capture(ramp(700, 900));
-        EXPECT_TRUE(makes(test.calls));
-        capture(ramp(900, 950), false);
-        Recording->stopRecordingAudio();
-        EXPECT_EQ("avail read:50 free close ", takeJournal());
-        EXPECT_EQ((std::vector{2000, test.isLost ? 1000 : 1800}), Blocks->sizes);
-        Bytes expected = ramp(0, test.isLost ? 700 : 900);
-        const Bytes tail = ramp(900, 950);
-        expected.insert(expected.end(), tail.begin(), tail.end());
-        EXPECT_EQ(expected, Blocks->all);
-    }
-}
-
-TEST_F(ALSARecording, EndsWithADeviceThatDisappears) {
-    const struct {
-        Answers answers;
-        std::string calls;
-    } cases[] = {
-        {{{"avail", {-ENODEV}}}, "events avail "},
-        {{{"events", {-ENODEV}}, {"avail", {-EAGAIN}}}, "events avail "},
-        {{{"read", {-ENODEV}}}, "events avail read:9 "},
-        {{{"avail", {-EPIPE}}, {"prepare", {-ENODEV}}}, "events avail prepare "},
-        {{{"avail", {-EPIPE}}, {"begin", {-ENODEV}}}, "events avail prepare begin "},
-    };
-    for (const auto& test : cases) {
-        renew();
+        restart();
+        Frames16 expected = counting(700).samples;
+        ASSERT_TRUE(start());
+        EXPECT_EQ(StartCalls, journal());
+        EXPECT_EQ("events avail read:350 ", capture(expected, 22));
+        Device.answers = test.answers;
         const std::string log = standardOutputOf([&] {
-            ASSERT_TRUE(start(nullptr));
-            capture(ramp(0, 700));
-            EXPECT_TRUE(makes(std::string(StartCalls) + "events avail read:500 read:200 "));
-            setAnswers(test.answers);
-            capture(ramp(700, 709));
-            EXPECT_TRUE(makes(test.calls));
-            setAnswers({{"avail", {-ENODEV}}});
-            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            EXPECT_EQ(test.calls, capture(Frames16(400, 1), test.calls.size()));
             EXPECT_TRUE(Recording->isRecording());
+            Device.capture(Frames16(500, 2), false);
+            std::this_thread::sleep_for(std::chrono::milliseconds(30));
             Recording->stopRecordingAudio();
         });
-        EXPECT_EQ("ALSA capture device lost: x: No such device\n", log);
-        EXPECT_EQ("avail free close ", takeJournal());
-        EXPECT_EQ(700, Recording->getAudioFormat().FrameCount);
-        EXPECT_EQ(0, std::memcmp(ramp(0, 700).data(), Recording->getRecordedAudioData(), 2800));
+        EXPECT_EQ(test.log, log);
+        EXPECT_TRUE(journal().ends_with("free close "));
+        expected.insert(expected.end(), test.isOverrun ? 0 : 400, 1);
+        expected.insert(expected.end(), 500, 2);
+        EXPECT_EQ(expected, Blocks->all);
+        EXPECT_EQ((std::vector{2000, test.isOverrun ? 400 : 1200}), Blocks->sizes);
     }
 }
 
-TEST_F(ALSARecording, WakesWithoutAReasonCostNothing) {
+TEST_F(ALSARecording, WakesWithoutAReasonCostLittle) {
     Device.isAlwaysWaking = true;
-    capture({});
-    ASSERT_TRUE(start(nullptr));
+    Device.capture({});
+    ASSERT_TRUE(start());
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     Recording->stopRecordingAudio();
-    const std::string journal = takeJournal();
-    EXPECT_LE(std::count(journal.begin(), journal.end(), ' '), 40) << journal;
+    const std::string calls = journal();
+    EXPECT_LE(std::count(calls.begin(), calls.end(), ' '), 40) << calls;
 }
 
 TEST_F(ALSARecording, DropsInEveryOrderWhileRecording) {
-    std::array<int, 4> order = {0, 1, 2, 3};
+    std::vector<int> order = {0, 1, 2, 3};
     do {
-        renew();
-        OfflineEngine engine = offlineEngine();
-        Recording = recorderOf(*engine.get());
-        ASSERT_TRUE(start(nullptr));
-        capture(ramp(0, 600));
+        restart();
+        ASSERT_TRUE(Recording->startRecordingBufferedAudio(1000, Format, 2));
+        Device.capture(counting(1200).samples);
         Recording->stopRecordingAudio();
-        auto source = Source::share(Recording->addSoundSourceFromRecordedAudio("tone"));
-        ASSERT_TRUE(source);
-        ASSERT_TRUE(start(Blocks.get()));
-        const std::function<void()> drops[] = {[&] { engine.reset(); }, [&] { source.reset(); },
+        Source source = Source::share(Recording->addSoundSourceFromRecordedAudio("tone"));
+        ASSERT_TRUE(source && start());
+        const std::function<void()> drops[] = {[&] { Driver.reset(); }, [&] { source.reset(); },
                                                [&] { Recording.reset(); }, [&] { Blocks.reset(); }};
         for (const int next : order) {
-            capture(ramp(0, 600));
+            Device.capture(counting(1200).samples);
             drops[next]();
         }
-        EXPECT_TRUE(takeJournal().ends_with("free close "));
+        EXPECT_TRUE(journal().ends_with("free close "));
     } while (std::next_permutation(order.begin(), order.end()));
 }
 

@@ -12,6 +12,7 @@
 namespace sn_test {
 
 SScriptedPCM Device;
+std::recursive_mutex DeviceMutex;
 
 namespace {
 
@@ -21,22 +22,13 @@ using Software = snd_pcm_sw_params_t*;
 using Frames = snd_pcm_uframes_t;
 using Lock = std::lock_guard<std::recursive_mutex>;
 
-std::recursive_mutex Mutex;
-const int Event = eventfd(0, EFD_NONBLOCK); ///< readable while the device has something
+const int Wake = eventfd(0, EFD_NONBLOCK);
 
 long answer(const std::string& call, const std::string& argument) {
-    const Lock lock(Mutex);
+    const Lock lock(DeviceMutex);
     Device.journal += call + (argument == "0" ? "" : ":" + argument) + " ";
     std::vector<long>& next = Device.answers[call];
     return next.empty() ? 0 : *std::exchange(next, {next.begin() + 1, next.end()}).begin();
-}
-
-void updateEvent() {
-    eventfd_t value = 0;
-    eventfd_read(Event, &value);
-    if (Device.isAlwaysWaking || !Device.captured.empty()) {
-        eventfd_write(Event, 1);
-    }
 }
 
 } // namespace
@@ -47,30 +39,15 @@ void SScriptedPCM::play(long frameCount) {
 }
 
 int SScriptedPCM::clear() {
-    const Lock lock(Mutex);
-    isRunning = false;
-    queuedFrames = 0;
+    const Lock lock(DeviceMutex);
     captured.clear();
-    updateEvent();
-    return 0;
+    return isRunning = false, queuedFrames = 0, 0;
 }
 
-std::string takeJournal() {
-    const Lock lock(Mutex);
-    return std::exchange(Device.journal, "");
-}
-
-void setAnswers(const Answers& answers) {
-    const Lock lock(Mutex);
-    Device.answers = answers;
-}
-
-void capture(const Bytes& bytes, bool notifies) {
-    const Lock lock(Mutex);
-    Device.captured.insert(Device.captured.end(), bytes.begin(), bytes.end());
-    if (notifies) {
-        updateEvent();
-    }
+void SScriptedPCM::capture(const Frames16& frames, bool isWaking) {
+    const Lock lock(DeviceMutex);
+    captured.insert(captured.end(), frames.begin(), frames.end());
+    eventfd_write(Wake, isWaking);
 }
 
 } // namespace sn_test
@@ -85,10 +62,8 @@ using namespace sn_test;
     }
 ANSWERS(snd_pcm_hw_params_any, (PCM, Hardware), "any", 0)
 ANSWERS(snd_pcm_hw_params_set_access, (PCM, Hardware, snd_pcm_access_t access), "access", access)
-ANSWERS(snd_pcm_hw_params_set_format, (PCM, Hardware, snd_pcm_format_t format), "format",
-        (Device.sampleSize = format == SND_PCM_FORMAT_U8 ? 1 : 2, format))
-ANSWERS(snd_pcm_hw_params_set_channels, (PCM, Hardware, unsigned count), "channels",
-        Device.channelCount = count)
+ANSWERS(snd_pcm_hw_params_set_format, (PCM, Hardware, snd_pcm_format_t format), "format", format)
+ANSWERS(snd_pcm_hw_params_set_channels, (PCM, Hardware, unsigned count), "channels", count)
 ANSWERS(snd_pcm_hw_params_set_rate, (PCM, Hardware, unsigned rate, int), "rate", rate)
 ANSWERS(snd_pcm_hw_params_set_buffer_size_near, (PCM, Hardware, Frames* size), "buffer",
         std::exchange(*size, Device.bufferFrames))
@@ -103,21 +78,27 @@ ANSWERS(snd_pcm_sw_params, (PCM, Software), "software", 0)
 ANSWERS(snd_pcm_prepare, (PCM), "prepare", Device.clear())
 ANSWERS(snd_pcm_start, (PCM), "begin", 0)
 ANSWERS(snd_pcm_resume, (PCM), "resume", 0)
+ANSWERS(snd_pcm_poll_descriptors_revents, (PCM, pollfd*, unsigned, unsigned short*), "events", 0)
 ANSWERS(snd_pcm_hw_free, (PCM), "free", 0)
 ANSWERS(snd_pcm_close, (PCM), "close", Device.clear())
 
+int snd_pcm_poll_descriptors_count(PCM) {
+    return 1 + static_cast<int>(answer("descriptors", "0"));
+}
 int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) {
     *pcm = reinterpret_cast<PCM>(&Device);
     EXPECT_TRUE(stream == Device.stream && mode == SND_PCM_NONBLOCK);
     return static_cast<int>(answer("open", name));
 }
 snd_pcm_sframes_t snd_pcm_avail(PCM) {
-    const Lock lock(Mutex);
+    const Lock lock(DeviceMutex);
     const long error = answer("avail", "0");
-    return error < 0 ? error
-           : Device.stream == SND_PCM_STREAM_CAPTURE
-               ? static_cast<long>(Device.captured.size()) / Device.frameSize()
-               : Device.bufferFrames - Device.queuedFrames;
+    if (error < 0 || Device.stream == SND_PCM_STREAM_PLAYBACK) {
+        return error < 0 ? error : Device.bufferFrames - Device.queuedFrames;
+    }
+    eventfd_t wakes = 0;
+    static_cast<void>(Device.isAlwaysWaking || eventfd_read(Wake, &wakes));
+    return static_cast<long>(Device.captured.size() / 2);
 }
 snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
     const long result = answer("write", std::to_string(frameCount));
@@ -130,29 +111,17 @@ snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
     return result < 0 ? result : taken;
 }
 snd_pcm_sframes_t snd_pcm_readi(PCM, void* data, Frames frameCount) {
-    const Lock lock(Mutex);
+    const Lock lock(DeviceMutex);
     const long result = answer("read", std::to_string(frameCount));
-    if (result < 0) {
-        return result;
-    }
-    const long taken = result == 0 ? static_cast<long>(frameCount) : result;
-    const auto end = Device.captured.begin() + taken * Device.frameSize();
-    std::copy(Device.captured.begin(), end, static_cast<std::uint8_t*>(data));
+    const long taken = result == 0 ? static_cast<long>(frameCount) : std::max(result, 0L);
+    const auto end = Device.captured.begin() + 2 * taken;
+    std::copy(Device.captured.begin(), end, static_cast<std::int16_t*>(data));
     Device.captured.erase(Device.captured.begin(), end);
-    updateEvent();
-    return taken;
+    return result < 0 ? result : taken;
 }
-int snd_pcm_poll_descriptors_count(PCM) {
-    const long error = answer("descriptors", "0");
-    return error < 0 ? static_cast<int>(error) : 1;
-}
-int snd_pcm_poll_descriptors(PCM, pollfd* descriptors, unsigned) {
-    *descriptors = {Event, POLLIN, 0};
+int snd_pcm_poll_descriptors(PCM, pollfd* descriptor, unsigned) {
+    *descriptor = {Wake, POLLIN, 0};
     return 1;
-}
-int snd_pcm_poll_descriptors_revents(PCM, pollfd*, unsigned, unsigned short* events) {
-    *events = POLLIN;
-    return static_cast<int>(answer("events", "0"));
 }
 
 } // extern "C"

@@ -6,7 +6,7 @@
 #include "tests/support/mixer_pair.h"
 
 #include <map>
-#include <string>
+#include <mutex>
 
 #include <alsa/asoundlib.h>
 
@@ -14,10 +14,9 @@ namespace sn_test {
 
 using Answers = std::map<std::string, std::vector<long>>;
 
-/// The PCM behind the functions of ALSA that the program defines. It takes what it is given into
-/// its buffer; a test may have it play, once its start is reached. Or a test has it capture.
+/// The PCM behind the functions of ALSA that this program defines. It takes what it is given into
+/// its buffer, or is read from. A test may have it play, once its start is reached, or capture.
 struct SScriptedPCM {
-    snd_pcm_stream_t stream = SND_PCM_STREAM_PLAYBACK;
     std::string journal; ///< "call " or "call:argument " for each call
     Answers answers;     ///< the next results of calls; without one a call works
     long bufferFrames = 8192;
@@ -25,21 +24,17 @@ struct SScriptedPCM {
     snd_pcm_uframes_t startFrames = 0;
     bool isRunning = false;
     Frames16 played;
-    Bytes captured;              ///< that were not read yet
-    bool isAlwaysWaking = false; ///< wakes who waits although nothing was captured
-    unsigned sampleSize = 1;     ///< as set up last
-    unsigned channelCount = 1;   ///< the same
+    snd_pcm_stream_t stream = SND_PCM_STREAM_PLAYBACK;
+    Frames16 captured;           ///< and not read yet
+    bool isAlwaysWaking = false; ///< also when nothing was captured
 
     void play(long frameCount);
     int clear();
-    long frameSize() const { return static_cast<long>(sampleSize * channelCount); }
+    /// Without a wake it is there to be found.
+    void capture(const Frames16& frames, bool isWaking = true);
 };
 
 extern SScriptedPCM Device;
-
-/// While a capture thread uses the device. What was captured may also not be notified of.
-std::string takeJournal();
-void setAnswers(const Answers& answers);
-void capture(const Bytes& bytes, bool notifies = true);
+extern std::recursive_mutex DeviceMutex; ///< for tests that have a capture thread
 
 } // namespace sn_test
