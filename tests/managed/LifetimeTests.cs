@@ -3,7 +3,6 @@
 
 using System;
 using System.Collections.Generic;
-using System.Diagnostics;
 using System.IO;
 using System.Linq;
 using System.Threading;
@@ -14,7 +13,7 @@ namespace Sonimbra.Tests {
 /// <summary>Who keeps whom, and what happens when nobody does any more.</summary>
 [TestFixture]
 public class LifetimeTests {
-    /// <summary>Never has a file. The engine keeps it for its life, which so can be watched.</summary>
+    /// <summary>Never has a file. The engine keeps it for its life, which it shows.</summary>
     private sealed class Witness : IFileFactory {
         public Stream openFile(string filename) {
             return null;
@@ -155,19 +154,21 @@ public class LifetimeTests {
     }
 
     [TestCase("return")]
-    [TestCase("exit in callback")]
+    [TestCase("exit-in-callback")]
     public void ProcessesEndWhileSoundsPlay(string how) {
-        string program = typeof(LifetimeTests).Assembly.Location;
-        var start = new ProcessStartInfo("mono", "\"" + program + "\" \"" + how + "\"") {
-            UseShellExecute = false
-        };
-        using (Process process = Process.Start(start)) {
-            if (!process.WaitForExit(60000)) {
-                process.Kill();
-                Assert.Fail("it does not end");
-            }
-            Assert.AreEqual(7, process.ExitCode);
-        }
+        int code = Support.RunProgram("Sonimbra.Tests.exe", how, out string printed);
+        Assert.AreEqual(7, code, printed);
+    }
+
+    [Test]
+    public void TheExamplePlays() {
+        string file = Path.GetTempFileName();
+        File.WriteAllBytes(file, Support.Wav(30000));
+        int code = Support.RunProgram("PlayAndOrbit.exe", file + " " + Support.SoundServer,
+                                      out string printed);
+        File.Delete(file);
+        Assert.AreEqual(file + " has ended: SoundFinishedPlaying\n", printed);
+        Assert.AreEqual(0, code);
     }
 
     /// <summary>What the test above starts.</summary>
@@ -177,13 +178,13 @@ public class LifetimeTests {
         var events = new StopEvents();
         engine.Play2D("tone").setSoundStopEventReceiver(events);
         Support.WaitUntil(() => events.Count > 0, "stop event");
-        if (arguments[0] == "exit in callback") {
+        if (arguments[0] == "exit-in-callback") {
             events.Then = sound => Environment.Exit(7);
         }
         for (int i = 0; i < 10; ++i) {
             engine.Play2D("tone", i < 9).setSoundStopEventReceiver(events);
         }
-        if (arguments[0] == "exit in callback") {
+        if (arguments[0] == "exit-in-callback") {
             Thread.Sleep(30000);
             return 1;
         }

@@ -34,7 +34,8 @@ public class RecorderTests {
         Assert.IsNull(recorder.AddSoundSourceFromRecordedAudio("nothing yet"));
         engine.Play2D("tone", true);
 
-        Assert.IsTrue(recorder.StartRecordingBufferedAudio(Support.Rate, SampleFormat.Signed16Bit, 2));
+        Assert.IsTrue(
+            recorder.StartRecordingBufferedAudio(Support.Rate, SampleFormat.Signed16Bit, 2));
         Assert.IsTrue(recorder.IsRecording);
         Assert.AreEqual(-1, recorder.AudioFormat.FrameCount);
         Assert.IsNull(recorder.RecordedAudioData);
@@ -46,7 +47,8 @@ public class RecorderTests {
 
         AudioFormat format = recorder.AudioFormat;
         byte[] data = recorder.RecordedAudioData;
-        Assert.AreEqual(new[] { 2, Support.Rate }, new[] { format.ChannelCount, format.SampleRate });
+        Assert.AreEqual(2, format.ChannelCount);
+        Assert.AreEqual(Support.Rate, format.SampleRate);
         Assert.AreEqual(format.SampleDataSize, data.Length);
         var samples = new short[data.Length / 2];
         Buffer.BlockCopy(data, 0, samples, 0, data.Length);
@@ -76,7 +78,8 @@ public class RecorderTests {
 
     [Test]
     public void ListsDevices() {
-        var list = new ISoundDeviceList(SoundDeviceListType.RecordingDevice, SoundOutputDriver.ALSA);
+        const SoundDeviceListType recording = SoundDeviceListType.RecordingDevice;
+        var list = new ISoundDeviceList(recording, SoundOutputDriver.ALSA);
         string device = Enumerable.Range(0, list.DeviceCount)
                             .Where(i => list.getDeviceDescription(i) == "PulseAudio Sound Server")
                             .Select(list.getDeviceID)

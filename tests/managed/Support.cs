@@ -3,6 +3,7 @@
 
 using System;
 using System.Collections.Generic;
+using System.Diagnostics;
 using System.IO;
 using System.Linq;
 using System.Threading;
@@ -68,6 +69,23 @@ internal static class Support {
             Thread.Sleep(10);
         }
         Assert.Fail("no " + what + " within ten seconds");
+    }
+
+    /// <summary>Runs a program that stands beside the tests; returns its exit code.</summary>
+    public static int RunProgram(string name, string arguments, out string printed) {
+        string folder = Path.GetDirectoryName(typeof(Support).Assembly.Location);
+        var start = new ProcessStartInfo("mono", Path.Combine(folder, name) + " " + arguments) {
+            UseShellExecute = false,
+            RedirectStandardOutput = true,
+        };
+        using (Process process = Process.Start(start)) {
+            if (!process.WaitForExit(60000)) {
+                process.Kill();
+                Assert.Fail(name + " does not end");
+            }
+            printed = process.StandardOutput.ReadToEnd();
+            return process.ExitCode;
+        }
     }
 
     /// <summary>
