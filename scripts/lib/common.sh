@@ -66,6 +66,7 @@ packages_windows_x86="$packages_build libcli11-dev g++-mingw-w64-i686-posix"
 packages_tests="googletest"
 packages_examples="libzip-dev"
 packages_wine="wine wine64"
+packages_managed="mono-mcs mono-runtime nunit-console libnunit-cil-dev"
 packages_sound="pulseaudio pulseaudio-utils libasound2-plugins"
 
 jobs=${SONIMBRA_JOBS:-$(nproc)}

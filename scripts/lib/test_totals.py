@@ -4,7 +4,8 @@
 """test_totals.py TIER...: prints each tier's own closing lines, then the sum of all of them.
 
 Reads what scripts/test left in build/: the exit code and the output of the tier, and ctest's log,
-which holds the full output of every test program. Exits with 1 when something failed.
+which holds the full output of every test program (NUnit's stands in the tier's own output). Exits
+with 1 when something failed.
 """
 
 import re
@@ -22,6 +23,11 @@ GTEST_RESULT = re.compile(r"^\[  (PASSED|SKIPPED|FAILED)  ?\] (\d+) tests?\b.*$"
 UNITTEST = re.compile(r"^Ran (\d+) tests? in .*$", re.M)
 UNITTEST_RESULT = re.compile(r"^(?:OK|FAILED)(?: \((.*)\))?$", re.M)
 CTEST = re.compile(r"^\d+% tests passed, \d+ tests? failed out of \d+$", re.M)
+NUNIT = re.compile(
+    r"^Tests run: (\d+), Errors: (\d+), Failures: (\d+), Inconclusive: (\d+),.*\n"
+    r" +Not run: (\d+),.*$",
+    re.M,
+)
 STYLE = re.compile(r"^style: (\d+) checks? passed(?:, (\d+) failed)?$", re.M)
 
 
@@ -63,6 +69,12 @@ def unittest_counts(output, lines):
     return counts
 
 
+def nunit_counts(match):
+    ran, errors, failures, inconclusive, skipped = (int(number) for number in match.groups())
+    failed = errors + failures + inconclusive
+    return Counts(ran - failed, failed, skipped)
+
+
 def entry_counts(name, output, passed, lines):
     """Counts of one ctest entry: its runner's own, or one for an entry without a runner."""
     found = []
@@ -87,6 +99,9 @@ def tier_counts(tier, lines):
             counts.add(entry_counts(name, output, bool(ENTRY_PASSED.search(output)), lines))
     for total in CTEST.finditer(log):
         lines.append(f"  {total.group(0)}")
+    for total in NUNIT.finditer(log):
+        lines += [f"  {line}" for line in total.group(0).splitlines()]
+        counts.add(nunit_counts(total))
     for total in STYLE.finditer(log):
         lines.append(f"  {total.group(0)}")
         counts.add(Counts(int(total.group(1)), int(total.group(2) or 0)))
