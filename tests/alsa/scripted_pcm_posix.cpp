@@ -83,7 +83,8 @@ ANSWERS(snd_pcm_hw_free, (PCM), "free", 0)
 ANSWERS(snd_pcm_close, (PCM), "close", Device.clear())
 
 int snd_pcm_poll_descriptors_count(PCM) {
-    return 1 + static_cast<int>(answer("descriptors", "0"));
+    const long error = answer("descriptors", "0");
+    return error < 0 ? static_cast<int>(error) : 1;
 }
 int snd_pcm_open(PCM* pcm, const char* name, snd_pcm_stream_t stream, int mode) {
     *pcm = reinterpret_cast<PCM>(&Device);
