@@ -18,26 +18,18 @@ void spread(const std::int16_t* mono, std::int32_t frameCount, std::int16_t* tar
     portable::spread(mono, frameCount, target);
 }
 
-void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
-    portable::scale(samples, frameCount, gains);
+void scale(std::int16_t* frames, std::int32_t frameCount, const SGains& gains) {
+    portable::scale(frames, frameCount, gains);
 }
 
-void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32_t* sum) {
-    portable::accumulate(samples, frameCount, sum);
+void addMono(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
+             const SSums& sums) {
+    portable::addMono(frames, frameCount, gains, sums);
 }
 
-void scaleAndAccumulate(std::int16_t* samples, std::int32_t frameCount, const SGains& gains,
-                        std::int32_t* sum) {
-    portable::scaleAndAccumulate(samples, frameCount, gains, sum);
-}
-
-void spreadScaleAndAccumulate(const std::int16_t* mono, std::int16_t* target,
-                              std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
-    portable::spreadScaleAndAccumulate(mono, target, frameCount, gains, sum);
-}
-
-void clip(const std::int32_t* sum, std::int32_t frameCount, std::int16_t* target) {
-    portable::clip(sum, frameCount, target);
+void addStereo(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
+               const SSums& sums) {
+    portable::addStereo(frames, frameCount, gains, sums);
 }
 
 } // namespace sn_internal

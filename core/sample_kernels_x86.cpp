@@ -30,49 +30,72 @@ __m128i upperHalf(__m128i samples) {
     return _mm_srai_epi32(_mm_unpackhi_epi16(samples, samples), 16);
 }
 
-/// Products truncated to 32 bits. Where they fit, the saturating pack limits them to 16.
-struct SFittingScale {
-    static __m128i apply(__m128i samples, __m128 gains) {
-        return _mm_cvttps_epi32(_mm_mul_ps(_mm_cvtepi32_ps(samples), gains));
-    }
+void addTo(std::int32_t* sum, __m128i samples) {
+    store(sum, _mm_add_epi32(load(sum), samples));
+}
+
+struct SAsTheyAre {
+    __m128i left(__m128i samples) const { return samples; }
+    __m128i right(__m128i samples) const { return samples; }
 };
 
-/// Where they may not, they are limited first (NaN to the upper limit: the minimum returns its
-/// second operand then).
-struct SLimitedScale {
-    static __m128i apply(__m128i samples, __m128 gains) {
-        const __m128 value = _mm_mul_ps(_mm_cvtepi32_ps(samples), gains);
+/// Products are limited (NaN to the upper limit: the minimum returns its second operand then), and
+/// truncated.
+struct SScaled {
+    explicit SScaled(const SGains& gains)
+        : leftGain(_mm_set1_ps(gains.left)), rightGain(_mm_set1_ps(gains.right)) {}
+    __m128i left(__m128i samples) const { return scaled(samples, leftGain); }
+    __m128i right(__m128i samples) const { return scaled(samples, rightGain); }
+
+    static __m128i scaled(__m128i samples, __m128 gain) {
+        const __m128 value = _mm_mul_ps(_mm_cvtepi32_ps(samples), gain);
         const __m128 low = _mm_min_ps(value, _mm_set1_ps(32767.0f));
         return _mm_cvttps_epi32(_mm_max_ps(low, _mm_set1_ps(-32768.0f)));
     }
+
+    const __m128 leftGain;
+    const __m128 rightGain;
 };
 
-template <class Scale>
-std::int32_t scaleBlocks(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
-    const __m128 factors = _mm_setr_ps(gains.left, gains.right, gains.left, gains.right);
-    std::int32_t i = 0;
-    for (; i + 4 <= frameCount; i += 4) {
-        const __m128i block = load(samples + 2 * i);
-        store(samples + 2 * i, _mm_packs_epi32(Scale::apply(lowerHalf(block), factors),
-                                               Scale::apply(upperHalf(block), factors)));
+/// Eight frames at a time, from frame i on; returns where it ends.
+template <class TScale>
+std::int32_t addMonoAll(const std::int16_t* frames, std::int32_t i, std::int32_t frameCount,
+                        const TScale& scale, const SSums& sums) {
+    for (; i + 8 <= frameCount; i += 8) {
+        const __m128i samples = load(frames + i);
+        addTo(sums.left + i, scale.left(lowerHalf(samples)));
+        addTo(sums.right + i, scale.right(lowerHalf(samples)));
+        addTo(sums.left + i + 4, scale.left(upperHalf(samples)));
+        addTo(sums.right + i + 4, scale.right(upperHalf(samples)));
     }
     return i;
 }
 
-/// Whether any sample's product fits 32 bits; NaN does not.
-bool isModerate(float gain) {
-    return gain >= -60000.0f && gain <= 60000.0f;
+/// Four frames at a time. A frame is a 32-bit number with the right sample in its upper half.
+template <class TScale>
+std::int32_t addStereoAll(const std::int16_t* frames, std::int32_t i, std::int32_t frameCount,
+                          const TScale& scale, const SSums& sums) {
+    for (; i + 4 <= frameCount; i += 4) {
+        const __m128i both = load(frames + 2 * i);
+        addTo(sums.left + i, scale.left(_mm_srai_epi32(_mm_slli_epi32(both, 16), 16)));
+        addTo(sums.right + i, scale.right(_mm_srai_epi32(both, 16)));
+    }
+    return i;
 }
 
-/// Whether it fits 16 bits even.
+/// Whether the gain leaves any sample within 16 bits; NaN does not.
 bool isDamping(float gain) {
     return gain >= -0.9999f && gain <= 1.0f;
 }
 
 const bool HasAVX2 = hasAVX2();
 
-bool isForAVX2(const SGains& gains) {
-    return HasAVX2 && isDamping(gains.left) && isDamping(gains.right);
+bool isForAVX2(const SGains* gains) {
+    return HasAVX2 && (gains == nullptr || (isDamping(gains->left) && isDamping(gains->right)));
+}
+
+SSums laterPart(const SSums& sums, std::int32_t done) {
+    return {sums.left + done, sums.right + done};
 }
 
 } // namespace
@@ -105,48 +128,32 @@ void spread(const std::int16_t* mono, std::int32_t frameCount, std::int16_t* tar
     portable::spread(mono + i, frameCount - i, target + 2 * i);
 }
 
-void scale(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {
-    const std::int32_t i = isModerate(gains.left) && isModerate(gains.right)
-                               ? scaleBlocks<SFittingScale>(samples, frameCount, gains)
-                               : scaleBlocks<SLimitedScale>(samples, frameCount, gains);
-    portable::scale(samples + 2 * i, frameCount - i, gains);
-}
-
-void accumulate(const std::int16_t* samples, std::int32_t frameCount, std::int32_t* sum) {
-    std::int32_t i = HasAVX2 ? avx2::accumulateBlocks(samples, frameCount, sum) : 0;
-    for (; i + 4 <= frameCount; i += 4) {
-        const __m128i block = load(samples + 2 * i);
-        std::int32_t* at = sum + 2 * i;
-        store(at, _mm_add_epi32(load(at), lowerHalf(block)));
-        store(at + 4, _mm_add_epi32(load(at + 4), upperHalf(block)));
-    }
-    portable::accumulate(samples + 2 * i, frameCount - i, sum + 2 * i);
-}
-
-void scaleAndAccumulate(std::int16_t* samples, std::int32_t frameCount, const SGains& gains,
-                        std::int32_t* sum) {
-    const std::int32_t i =
-        isForAVX2(gains) ? avx2::dampAndAccumulateBlocks(samples, frameCount, gains, sum) : 0;
-    scale(samples + 2 * i, frameCount - i, gains);
-    accumulate(samples + 2 * i, frameCount - i, sum + 2 * i);
-}
-
-void spreadScaleAndAccumulate(const std::int16_t* mono, std::int16_t* target,
-                              std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
-    const std::int32_t i =
-        isForAVX2(gains) ? avx2::spreadDampAndAccumulateBlocks(mono, target, frameCount, gains, sum)
-                         : 0;
-    spread(mono + i, frameCount - i, target + 2 * i);
-    scaleAndAccumulate(target + 2 * i, frameCount - i, gains, sum + 2 * i);
-}
-
-void clip(const std::int32_t* sum, std::int32_t frameCount, std::int16_t* target) {
+void scale(std::int16_t* frames, std::int32_t frameCount, const SGains& gains) {
+    const SScaled scaled(gains);
+    const __m128 factors = _mm_unpacklo_ps(scaled.leftGain, scaled.rightGain);
     std::int32_t i = 0;
     for (; i + 4 <= frameCount; i += 4) {
-        const std::int32_t* at = sum + 2 * i;
-        store(target + 2 * i, _mm_packs_epi32(load(at), load(at + 4)));
+        const __m128i block = load(frames + 2 * i);
+        store(frames + 2 * i, _mm_packs_epi32(SScaled::scaled(lowerHalf(block), factors),
+                                              SScaled::scaled(upperHalf(block), factors)));
     }
-    portable::clip(sum + 2 * i, frameCount - i, target + 2 * i);
+    portable::scale(frames + 2 * i, frameCount - i, gains);
+}
+
+void addMono(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
+             const SSums& sums) {
+    std::int32_t i = isForAVX2(gains) ? avx2::addMonoBlocks(frames, frameCount, gains, sums) : 0;
+    i = gains != nullptr ? addMonoAll(frames, i, frameCount, SScaled(*gains), sums)
+                         : addMonoAll(frames, i, frameCount, SAsTheyAre(), sums);
+    portable::addMono(frames + i, frameCount - i, gains, laterPart(sums, i));
+}
+
+void addStereo(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
+               const SSums& sums) {
+    std::int32_t i = isForAVX2(gains) ? avx2::addStereoBlocks(frames, frameCount, gains, sums) : 0;
+    i = gains != nullptr ? addStereoAll(frames, i, frameCount, SScaled(*gains), sums)
+                         : addStereoAll(frames, i, frameCount, SAsTheyAre(), sums);
+    portable::addStereo(frames + 2 * i, frameCount - i, gains, laterPart(sums, i));
 }
 
 } // namespace sn_internal

@@ -6,16 +6,12 @@
 #include "core/sample_kernels.h"
 
 /// For processors with AVX2 only. Each works on whole blocks and returns how many frames it did.
+/// Gains, if there are any, leave no sample outside 16 bits.
 namespace sn_internal::avx2 {
 
-std::int32_t accumulateBlocks(const std::int16_t* samples, std::int32_t frameCount,
-                              std::int32_t* sum);
-
-/// For gains that leave no sample outside 16 bits.
-std::int32_t dampAndAccumulateBlocks(std::int16_t* samples, std::int32_t frameCount,
-                                     const SGains& gains, std::int32_t* sum);
-std::int32_t spreadDampAndAccumulateBlocks(const std::int16_t* mono, std::int16_t* target,
-                                           std::int32_t frameCount, const SGains& gains,
-                                           std::int32_t* sum);
+std::int32_t addMonoBlocks(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
+                           const SSums& sums);
+std::int32_t addStereoBlocks(const std::int16_t* frames, std::int32_t frameCount,
+                             const SGains* gains, const SSums& sums);
 
 } // namespace sn_internal::avx2

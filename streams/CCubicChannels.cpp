@@ -67,22 +67,34 @@ void CCubicChannels::continueWith(const std::int16_t* frames, std::int32_t frame
     }
 }
 
-/// The right channel moves only in reads in which the left one gave something.
 std::int32_t CCubicChannels::read(std::int16_t* target, std::int32_t frameCount, float step) {
     const SCubicKernels* const kernels = Kernels.load(std::memory_order_relaxed);
+    if (kernels == nullptr) {
+        return readByDumb(target, frameCount, step, false);
+    }
+    const std::int32_t fixedStep = fixed(step);
+    if (isForKernels() && fitsKernels(frameCount, fixedStep)) {
+        readByKernels(*kernels, target, frameCount, fixedStep);
+        return frameCount;
+    }
+    return readInParts(*kernels, target, frameCount, step);
+}
+
+/// The right channel moves only in reads in which the left one gave something.
+std::int32_t CCubicChannels::readInParts(const SCubicKernels& kernels, std::int16_t* target,
+                                         std::int32_t frameCount, float step) {
+    const std::int32_t fixedStep = fixed(step);
     std::int32_t done = 0;
     while (done < frameCount) {
         const std::int32_t remaining = frameCount - done;
         std::int16_t* const at = target != nullptr ? target + ChannelCount * done : nullptr;
-        const std::int32_t fitting =
-            kernels != nullptr ? std::min(remaining, countForKernels(fixed(step))) : 0;
+        const std::int32_t fitting = isForKernels() ? countForKernels(remaining, fixedStep) : 0;
         if (fitting > 0) {
-            readByKernels(*kernels, at, fitting, fixed(step));
+            readByKernels(kernels, at, fitting, fixedStep);
             done += fitting;
             continue;
         }
-        const std::int32_t asked =
-            kernels != nullptr ? countForDumb(remaining, fixed(step)) : remaining;
+        const std::int32_t asked = countForDumb(remaining, fixedStep);
         const std::int32_t got = readByDumb(at, asked, step, done > 0);
         done += got;
         if (got < asked) {
@@ -92,20 +104,27 @@ std::int32_t CCubicChannels::read(std::int16_t* target, std::int32_t frameCount,
     return done;
 }
 
-/// How many outputs have all their taps in the buffer, with a position behind them that is in it
-/// as well. From position 3 on, what DUMB remembers of the past is what stands in the buffer.
-std::int32_t CCubicChannels::countForKernels(std::int32_t step) const {
-    const DUMB_RESAMPLER& state = States[0];
-    if (state.dir != 1 || state.overshot != 0 || state.pos < GuardSamples ||
-        state.pos >= state.end) {
-        return 0;
-    }
-    if (isStereo() && (States[1].pos != state.pos || States[1].subpos != state.subpos ||
-                       States[1].dir != 1 || States[1].overshot != 0)) {
-        return 0;
-    }
-    const auto ahead = static_cast<std::int32_t>(state.end - state.pos) * One;
-    return (ahead - state.subpos - 1) / step;
+/// From position 3 on, what DUMB remembers of the past is what stands in the portion.
+bool CCubicChannels::isForKernels() const {
+    const DUMB_RESAMPLER& left = States[0];
+    const DUMB_RESAMPLER& right = States[ChannelCount - 1];
+    return left.pos >= GuardSamples && left.pos < left.end && left.dir == 1 && right.dir == 1 &&
+           left.overshot == 0 && right.overshot == 0 && left.pos == right.pos &&
+           left.subpos == right.subpos;
+}
+
+/// How far the position may move without leaving the portion, with 16 bits of fraction.
+std::int32_t CCubicChannels::getReach() const {
+    return static_cast<std::int32_t>(States[0].end - States[0].pos) * One - States[0].subpos - 1;
+}
+
+/// Whether that many outputs have all their taps in the portion, with a position behind them that
+/// is in it as well.
+bool CCubicChannels::fitsKernels(std::int32_t count, std::int32_t step) const {
+    return std::int64_t(count) * step <= getReach();
+}
+std::int32_t CCubicChannels::countForKernels(std::int32_t remaining, std::int32_t step) const {
+    return std::min(remaining, getReach() / step);
 }
 
 /// To where the kernels can go on, or all the rest. A state that was reset begins with two frames

@@ -60,7 +60,12 @@ private:
 
     bool isStereo() const { return ChannelCount == 2; }
     void keepLastSamples(std::int32_t channel);
-    std::int32_t countForKernels(std::int32_t step) const;
+    std::int32_t readInParts(const SCubicKernels& kernels, std::int16_t* target,
+                             std::int32_t frameCount, float step);
+    bool isForKernels() const;
+    std::int32_t getReach() const;
+    bool fitsKernels(std::int32_t count, std::int32_t step) const;
+    std::int32_t countForKernels(std::int32_t remaining, std::int32_t step) const;
     std::int32_t countForDumb(std::int32_t remaining, std::int32_t step) const;
     void readByKernels(const SCubicKernels& kernels, std::int16_t* target, std::int32_t count,
                        std::int32_t step);

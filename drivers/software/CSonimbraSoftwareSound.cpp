@@ -4,8 +4,8 @@
 #include "drivers/software/CSonimbraSoftwareSound.h"
 
 #include "core/integers.h"
+#include "drivers/software/CMixBlock.h"
 #include "drivers/software/mixing.h"
-#include "streams/CCubicChannels.h"
 
 #include <algorithm>
 #include <cstring>
@@ -95,72 +95,43 @@ void CSonimbraSoftwareSound::prefetchSamples(std::int32_t frameCount) const {
     }
 }
 
-void CSonimbraSoftwareSound::render(std::int16_t* scratch, std::int32_t frameCount,
-                                    std::int32_t* sum) {
-    if (!isAudible()) {
-        renderSilently(scratch, frameCount);
-    } else if (Resampler->getReadChannelCount() == 1) {
-        renderMono(scratch, frameCount, sum);
+void CSonimbraSoftwareSound::render(CMixBlock& block) {
+    std::int16_t* const frames = block.beginVoice();
+    const std::int32_t channels = Resampler->getReadChannelCount();
+    const std::int32_t rendered = Resampler->readChannels(isAudible() ? frames : nullptr,
+                                                          block.getFrameCount(), PlaybackSpeed);
+    PlayedFrames += truncatedToUint32(static_cast<float>(rendered) * PlaybackSpeed);
+    if (rendered < block.getFrameCount()) {
+        renderEnd(block, frames, rendered);
+    } else if (isAudible()) {
+        block.addVoice(channels, getGains());
     } else {
-        renderStereo(scratch, frameCount, sum);
+        block.addSilence();
     }
 }
 
-/// Only moves on.
-void CSonimbraSoftwareSound::renderSilently(std::int16_t* scratch, std::int32_t frameCount) {
-    std::fill_n(scratch, 2 * frameCount, std::int16_t(0));
-    const std::int32_t rendered = Resampler->read(nullptr, frameCount, PlaybackSpeed);
-    countPlayed(rendered);
-    if (rendered < frameCount) {
-        complete(scratch, frameCount, rendered);
+void CSonimbraSoftwareSound::renderEnd(CMixBlock& block, const std::int16_t* frames,
+                                       std::int32_t rendered) {
+    const bool isHeard = isAudible();
+    std::int16_t* const scratch = block.getScratch();
+    if (isHeard && Resampler->getReadChannelCount() == 1) {
+        spread(frames, rendered, scratch);
+    } else if (isHeard) {
+        std::copy_n(frames, 2 * rendered, scratch);
     }
-}
-
-void CSonimbraSoftwareSound::renderStereo(std::int16_t* scratch, std::int32_t frameCount,
-                                          std::int32_t* sum) {
-    const SGains gains = getGains();
-    const std::int32_t rendered = Resampler->read(scratch, frameCount, PlaybackSpeed);
-    countPlayed(rendered);
-    if (rendered < frameCount) {
-        applyGains(scratch, frameCount, gains);
-        complete(scratch, frameCount, rendered);
-        accumulate(scratch, frameCount, sum);
+    applyGains(scratch, block.getFrameCount(), getGains());
+    if (isLoopedFlagSet()) {
+        startOver(scratch, block.getFrameCount(), rendered);
     } else {
-        mixIn(scratch, frameCount, gains, sum);
+        finish(scratch, block.getFrameCount(), rendered);
     }
-}
-
-void CSonimbraSoftwareSound::renderMono(std::int16_t* scratch, std::int32_t frameCount,
-                                        std::int32_t* sum) {
-    std::int16_t mono[CCubicChannels::BufferFrames];
-    const SGains gains = getGains();
-    const std::int32_t rendered = Resampler->readChannels(mono, frameCount, PlaybackSpeed);
-    countPlayed(rendered);
-    if (rendered < frameCount) {
-        spread(mono, rendered, scratch);
-        applyGains(scratch, frameCount, gains);
-        complete(scratch, frameCount, rendered);
-        accumulate(scratch, frameCount, sum);
-    } else {
-        mixInMono(mono, scratch, frameCount, gains, sum);
+    if (isHeard) {
+        block.addScratch();
     }
 }
 
 SGains CSonimbraSoftwareSound::getGains() const {
     return gainsOf(BufferVolume, BufferPan);
-}
-
-void CSonimbraSoftwareSound::countPlayed(std::int32_t frames) {
-    PlayedFrames += truncatedToUint32(static_cast<float>(frames) * PlaybackSpeed);
-}
-
-void CSonimbraSoftwareSound::complete(std::int16_t* scratch, std::int32_t frameCount,
-                                      std::int32_t rendered) {
-    if (isLoopedFlagSet()) {
-        startOver(scratch, frameCount, rendered);
-    } else {
-        finish(scratch, frameCount, rendered);
-    }
 }
 
 /// One restart completes the block; what a shorter sound leaves of it is silent.

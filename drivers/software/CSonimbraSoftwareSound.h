@@ -10,6 +10,8 @@
 
 namespace sn_internal {
 
+class CMixBlock;
+
 /// A sound of the software mixer: pulls frames from a stream resampler and applies volume and pan.
 /// It plays as long as it holds a resampler.
 class CSonimbraSoftwareSound : public CSonimbraSound {
@@ -46,18 +48,14 @@ public:
     void prefetchState() const;
     void prefetchSamples(std::int32_t frameCount) const;
 
-    /// Writes frameCount frames of 16-bit stereo, with volume and pan applied, adds them to the sum
-    /// and advances. A sound that ends fills the rest and is finished afterwards.
-    void render(std::int16_t* scratch, std::int32_t frameCount, std::int32_t* sum);
+    /// Adds its frames to a block, with volume and pan applied, and advances. A sound that ends
+    /// fills the rest and is finished afterwards.
+    void render(CMixBlock& block);
     /// @}
 
 private:
-    void renderSilently(std::int16_t* scratch, std::int32_t frameCount);
-    void renderStereo(std::int16_t* scratch, std::int32_t frameCount, std::int32_t* sum);
-    void renderMono(std::int16_t* scratch, std::int32_t frameCount, std::int32_t* sum);
     SGains getGains() const;
-    void countPlayed(std::int32_t frames);
-    void complete(std::int16_t* scratch, std::int32_t frameCount, std::int32_t rendered);
+    void renderEnd(CMixBlock& block, const std::int16_t* frames, std::int32_t rendered);
     void startOver(std::int16_t* target, std::int32_t frameCount, std::int32_t rendered);
     void finish(std::int16_t* target, std::int32_t frameCount, std::int32_t rendered);
 

@@ -5,17 +5,14 @@
 
 #include "core/CVirtualUnknown.h"
 #include "core/no_throw.h"
+#include "drivers/software/CMixBlock.h"
 #include "drivers/software/CSonimbraSoftwareSound.h"
-#include "drivers/software/mixing.h"
 #include "streams/CSonimbraBufferedSamplesAudioStream.h"
 
 #include <algorithm>
 
 namespace sn_internal {
 namespace {
-
-/// Blocks are small enough for their buffers to stand on the stack.
-constexpr std::int32_t LargestBlock = 2048;
 
 /// Every sound of these engines was made by them.
 CSonimbraSoftwareSound& toSoftwareSound(CSonimbraSound* sound) {
@@ -113,13 +110,9 @@ bool CSonimbraSoftwareSoundEngine::hasActiveSound() const {
 
 void CSonimbraSoftwareSoundEngine::mix(std::int16_t* target, std::int32_t frameCount) {
     if (hasActiveSound()) {
-        // A sound that ends may leave the end of its block as it finds it: never what some other
-        // function left on the stack.
-        std::int16_t scratch[OutputChannels * LargestBlock];
-        std::fill_n(scratch, OutputChannels * std::min(frameCount, LargestBlock), std::int16_t(0));
-        for (std::int32_t done = 0; done < frameCount; done += LargestBlock) {
-            mixBlock(target + OutputChannels * done, scratch,
-                     std::min(frameCount - done, LargestBlock));
+        for (std::int32_t done = 0; done < frameCount; done += CMixBlock::LargestBlock) {
+            mixBlock(target + OutputChannels * done,
+                     std::min(frameCount - done, CMixBlock::LargestBlock));
         }
     } else {
         std::fill_n(target, OutputChannels * frameCount, std::int16_t(0));
@@ -131,19 +124,17 @@ void CSonimbraSoftwareSoundEngine::mix(std::int16_t* target, std::int32_t frameC
     }
 }
 
-void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int16_t* scratch,
-                                            std::int32_t frameCount) {
-    std::int32_t sum[OutputChannels * LargestBlock];
-    std::fill_n(sum, OutputChannels * frameCount, 0);
+void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int32_t frameCount) {
+    CMixBlock block(frameCount);
     CLookahead lookahead(getSounds().getPlaying(), frameCount);
     for (CSonimbraSound* playing : getSounds().getPlaying()) {
         lookahead.advance();
         CSonimbraSoftwareSound& sound = toSoftwareSound(playing);
         if (sound.isActive() && !sound.isPaused()) {
-            sound.render(scratch, frameCount, sum);
+            sound.render(block);
         }
     }
-    clip(sum, frameCount, target);
+    block.finish(target);
 }
 
 } // namespace sn_internal

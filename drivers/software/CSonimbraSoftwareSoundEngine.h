@@ -39,7 +39,7 @@ protected:
 
 private:
     bool hasActiveSound() const;
-    void mixBlock(std::int16_t* target, std::int16_t* scratch, std::int32_t frameCount);
+    void mixBlock(std::int16_t* target, std::int32_t frameCount);
 
     sonimbra::ISoundMixedOutputReceiver* Receiver = nullptr;
 };

@@ -14,11 +14,11 @@ bool isOne(float gain) {
     return std::fabs(gain - 1.0f) <= 0.000001f;
 }
 
+} // namespace
+
 bool areOne(const SGains& gains) {
     return isOne(gains.left) && isOne(gains.right);
 }
-
-} // namespace
 
 SGains gainsOf(float volume, float pan) {
     if (std::isnan(volume)) {
@@ -38,24 +38,6 @@ void applyGains(std::int16_t* samples, std::int32_t frameCount, const SGains& ga
         return;
     }
     scale(samples, frameCount, gains);
-}
-
-void mixIn(std::int16_t* samples, std::int32_t frameCount, const SGains& gains, std::int32_t* sum) {
-    if (areOne(gains)) {
-        accumulate(samples, frameCount, sum);
-    } else {
-        scaleAndAccumulate(samples, frameCount, gains, sum);
-    }
-}
-
-void mixInMono(const std::int16_t* mono, std::int16_t* target, std::int32_t frameCount,
-               const SGains& gains, std::int32_t* sum) {
-    if (areOne(gains)) {
-        spread(mono, frameCount, target);
-        accumulate(target, frameCount, sum);
-    } else {
-        spreadScaleAndAccumulate(mono, target, frameCount, gains, sum);
-    }
 }
 
 } // namespace sn_internal

@@ -12,14 +12,10 @@ namespace sn_internal {
 /// one that is no number is silence.
 SGains gainsOf(float volume, float pan);
 
-/// Scales samples in place; gains within 0.000001 of one leave them as they are.
+/// Scales frames in place, unless the gains are one.
 void applyGains(std::int16_t* samples, std::int32_t frameCount, const SGains& gains);
 
-/// The same, and adds them to a sum.
-void mixIn(std::int16_t* samples, std::int32_t frameCount, const SGains& gains, std::int32_t* sum);
-
-/// The same with one channel, which it spreads to the target first.
-void mixInMono(const std::int16_t* mono, std::int16_t* target, std::int32_t frameCount,
-               const SGains& gains, std::int32_t* sum);
+/// Within 0.000001, which leaves samples as they are.
+bool areOne(const SGains& gains);
 
 } // namespace sn_internal
