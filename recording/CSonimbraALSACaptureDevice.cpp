@@ -101,7 +101,7 @@ int CSonimbraALSACaptureDevice::prepareToWait() {
     if (InterruptEvent < 0) {
         return -errno;
     }
-    Descriptors.assign(static_cast<std::size_t>(count) + 1, pollfd{});
+    Descriptors.assign(static_cast<std::size_t>(count) + 1, pollfd{-1, 0, 0}); // polls nothing
     Descriptors.back() = pollfd{InterruptEvent, POLLIN, 0};
     return 0;
 }
