@@ -3,14 +3,8 @@
 
 #include "binding/native/conversions.h"
 
-#include <string_view>
-
 using namespace sn_internal;
-using sonimbra::ISound;
 using sonimbra::ISoundEngine;
-using sonimbra::ISoundSource;
-
-static_assert(std::string_view(SONIMBRA_C_VERSION) == SONIMBRA_VERSION);
 
 namespace {
 

@@ -187,9 +187,9 @@ SONIMBRA_API sonimbra_engine* sonimbra_engine_create_offline(int32_t options,
 SONIMBRA_API void sonimbra_engine_grab(sonimbra_engine* engine);
 
 /// Takes one reference away. The last one ends the engine: stops every sound, delivers their stop
-/// events, and waits for the engine's thread. Recorders hold a reference, sounds and sources none:
-/// they survive the engine, as finished sounds and sources without use. Returns 1 when the engine
-/// has ended or is about to.
+/// events, and waits for the engine's thread. Returns 1 when that was the last one. Recorders hold
+/// a reference, and so does every call as long as it lasts; sounds and sources hold none: they
+/// survive the engine, of no more use.
 SONIMBRA_API int32_t sonimbra_engine_drop(sonimbra_engine* engine);
 
 /// "DirectSound8", "DirectSound", "winMM", "ALSA", "NULL" or "Offline".
@@ -579,7 +579,7 @@ SONIMBRA_API sonimbra_recorder* sonimbra_recorder_create(sonimbra_engine* engine
 /// Adds one reference.
 SONIMBRA_API void sonimbra_recorder_grab(sonimbra_recorder* recorder);
 /// Takes one reference away; the last one stops the recording and frees what was recorded. Returns
-/// 1 when the recorder has ended or is about to.
+/// 1 when that was the last one.
 SONIMBRA_API int32_t sonimbra_recorder_drop(sonimbra_recorder* recorder);
 
 /// Starts to record into memory, up to 500 MiB; ends a recording that is going on, and frees what
