@@ -20,7 +20,6 @@ using sonimbra::SAudioStreamFormat;
 /// A sound server hands over whole periods only, so that with long ones a stop would miss much of
 /// what was recorded last. Each costs a wake.
 constexpr snd_pcm_uframes_t PeriodsInBuffer = 20;
-constexpr int PauseMilliseconds = 20;
 
 /// Nothing to read, or a signal, which says nothing about the device.
 template <class T>
@@ -144,8 +143,8 @@ int CSonimbraALSACaptureDevice::wait() {
     return result < 0 ? result : 1;
 }
 
-void CSonimbraALSACaptureDevice::pause() {
-    poll(&Descriptors.back(), 1, PauseMilliseconds);
+void CSonimbraALSACaptureDevice::pause(long milliseconds) {
+    poll(&Descriptors.back(), 1, static_cast<int>(milliseconds));
 }
 
 void CSonimbraALSACaptureDevice::interrupt() {

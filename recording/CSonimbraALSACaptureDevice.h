@@ -38,11 +38,12 @@ public:
     /// Sleeps until there is something to read or interrupt() is called, which returns 0. Returns
     /// at errors and at wakes without a reason, too.
     int wait();
-    /// Sleeps for a moment; interrupt() ends it.
-    void pause();
+    /// Sleeps so long; interrupt() ends it.
+    void pause(long milliseconds);
     /// Makes this wait() or pause(), and all that follow, return at once.
     void interrupt();
 
+    long getBufferFrames() const { return static_cast<long>(BufferFrames); }
     /// Frames to read, 0 when that cannot be told at the moment.
     long getAvailable();
     /// Returns the frames that were read, 0 when there are none.

@@ -20,6 +20,7 @@ using EDirection = CSonimbraALSASoundDeviceList::EDirection;
 
 constexpr std::uint32_t PriorityAboveNormal = 3;
 constexpr std::chrono::milliseconds StopPollInterval(2);
+constexpr long PauseMilliseconds = 20;
 
 constexpr std::int32_t LowestRate = 100; // some PCMs convert to any rate that they are asked for
 constexpr std::int32_t HighestRate = 384000;
@@ -121,15 +122,26 @@ int CSonimbraALSARecorder::captureUntilInterrupted() {
 int CSonimbraALSARecorder::captureNext(int wake) {
     long result = takeCaptured();
     if (result > 0) {
+        waitForClocklessDevice(result);
         return 0;
     }
-    result = CSonimbraALSACaptureDevice::isInterruption(result) ? Device.recover(result)
-             : result == 0                                      ? std::min(wake, 0)
-                                                                : result;
+    if (CSonimbraALSACaptureDevice::isInterruption(result)) {
+        result = Device.recover(result);
+    } else if (result == 0) {
+        result = std::min(wake, 0);
+    }
     if (result == 0) {
-        Device.pause();
+        Device.pause(PauseMilliseconds);
     }
     return static_cast<int>(result);
+}
+
+/// Some PCMs, such as "null", always have a full buffer to read. Others lose nothing meanwhile.
+void CSonimbraALSARecorder::waitForClocklessDevice(long takenFrames) {
+    const long bufferFrames = Device.getBufferFrames();
+    if (takenFrames >= bufferFrames) {
+        Device.pause(bufferFrames * 1000 / getAudioFormat().SampleRate / 2);
+    }
 }
 
 /// Returns the frames that were there, or an error.

@@ -38,6 +38,7 @@ private:
     bool startCaptureThread();
     int captureUntilInterrupted();
     int captureNext(int wake);
+    void waitForClocklessDevice(long takenFrames);
     long takeCaptured();
     void deliverBlock();
     bool reportError(const char* context, int result) const;

@@ -87,4 +87,12 @@ TEST_F(ALSARecorder, ListsDevicesThatRecord) {
     EXPECT_FALSE(recorderOf("no-such-pcm"));
 }
 
+TEST_F(ALSARecorder, TakesLittleOfADeviceWithoutAnEnd) {
+    const Recorder recorder = recorderOf("null");
+    ASSERT_TRUE(recorder && recorder->startRecordingBufferedAudio(1000));
+    std::this_thread::sleep_for(std::chrono::milliseconds(400));
+    recorder->stopRecordingAudio();
+    EXPECT_LE(recorder->getAudioFormat().FrameCount, 3000);
+}
+
 } // namespace
