@@ -10,10 +10,9 @@ namespace Sonimbra {
 public interface ISoundStopEventReceiver {
     /// <summary>
     /// Called on the engine's thread when the engine is multi-threaded, else on the thread that is
-    /// inside Update, StopAllSounds or a removal, and on the finalizer's thread when the engine
-    /// ends. The engine's lock is held meanwhile: every operation may be called, Dispose of the
-    /// sound included, but do not wait for another thread that uses the engine. An exception
-    /// thrown here is dropped.
+    /// inside Update, StopAllSounds or a removal. The engine's lock is held meanwhile: every
+    /// operation may be called, Dispose of the sound included, but do not wait for another thread
+    /// that uses the engine, and do not end the process here. An exception thrown here is dropped.
     /// </summary>
     /// <param name="sound">The sound that the receiver was set on, the same object.</param>
     /// <param name="reason">Why it ended.</param>
