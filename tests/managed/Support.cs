@@ -6,6 +6,7 @@ using System.Collections.Generic;
 using System.Diagnostics;
 using System.IO;
 using System.Linq;
+using System.Reflection;
 using System.Threading;
 using NUnit.Framework;
 
@@ -17,108 +18,90 @@ internal static class Support {
     /// <summary>The PCM of the sound server, by name: "default" may be something else.</summary>
     public const string SoundServer = "pulse";
 
-    public static readonly AudioFormat Mono16 =
-        new AudioFormat { ChannelCount = 1, FrameCount = int.MaxValue / 4, SampleRate = Rate,
-                          Format = SampleFormat.Signed16Bit };
-
     /// <summary>An engine that plays nothing and updates on request.</summary>
-    public static ISoundEngine NullEngine() {
-        return new ISoundEngine(SoundOutputDriver.NullDriver, 0);
-    }
+    public static ISoundEngine NullEngine() => new ISoundEngine(SoundOutputDriver.NullDriver, 0);
 
     /// <summary>An engine that is heard by the sound server, with a thread of its own.</summary>
-    public static ISoundEngine PlayingEngine() {
-        return new ISoundEngine(SoundOutputDriver.ALSA, SoundEngineOptionFlag.MultiThreaded,
-                                SoundServer);
-    }
+    public static ISoundEngine PlayingEngine() =>
+        new ISoundEngine(SoundOutputDriver.ALSA, SoundEngineOptionFlag.MultiThreaded, SoundServer);
+
+    /// <summary>A recorder that hears what is played.</summary>
+    public static IAudioRecorder Recorder(ISoundEngine engine) =>
+        new IAudioRecorder(engine, SoundOutputDriver.ALSA, SoundServer);
 
     /// <summary>A tone as signed 16-bit mono samples.</summary>
-    public static byte[] Tone(int frames) {
-        var samples = new short[frames];
-        for (int i = 0; i < frames; ++i) {
-            samples[i] = (short)(12000 * Math.Sin(i * 2 * Math.PI * 441 / Rate));
-        }
-        var bytes = new byte[2 * frames];
-        Buffer.BlockCopy(samples, 0, bytes, 0, bytes.Length);
-        return bytes;
-    }
+    public static byte[] Tone(int frames) =>
+        Enumerable.Range(0, frames)
+            .Select(i => (short)(12000 * Math.Sin(i * 2 * Math.PI * 441 / Rate)))
+            .SelectMany(BitConverter.GetBytes)
+            .ToArray();
+
+    /// <summary>Adds it as "tone".</summary>
+    public static ISoundSource AddTone(ISoundEngine engine, int frames) =>
+        engine.AddSoundSourceFromPCMData(Tone(frames), "tone", new AudioFormat {
+            ChannelCount = 1, FrameCount = frames, SampleRate = Rate,
+            Format = SampleFormat.Signed16Bit });
 
     /// <summary>The same tone as a WAV file.</summary>
     public static byte[] Wav(int frames) {
-        var bytes = new MemoryStream();
-        var writer = new BinaryWriter(bytes);
-        writer.Write(0x46464952); // "RIFF"
-        writer.Write(36 + 2 * frames);
-        writer.Write(0x20746D6645564157); // "WAVEfmt "
-        writer.Write(16);
-        writer.Write(0x00010001); // PCM, mono
-        writer.Write(Rate);
-        writer.Write(2 * Rate);
-        writer.Write(0x00100002); // 2 bytes in a frame, 16 bits in a sample
-        writer.Write(0x61746164); // "data"
-        writer.Write(2 * frames);
-        writer.Write(Tone(frames));
-        return bytes.ToArray();
+        int size = 2 * frames;
+        int[] header = { 0x46464952, 36 + size, 0x45564157, 0x20746D66, 16, 0x00010001, Rate,
+                         2 * Rate, 0x00100002, 0x61746164, size };
+        return header.SelectMany(BitConverter.GetBytes).Concat(Tone(frames)).ToArray();
+    }
+
+    /// <summary>Sets all the properties, then reads them all back.</summary>
+    public static void AssertKeeps(object target, params object[] namesAndValues) {
+        Func<int, PropertyInfo> property = i => target.GetType().GetProperty((string)namesAndValues[i]);
+        for (int i = 0; i < namesAndValues.Length; i += 2) {
+            property(i).SetValue(target, namesAndValues[i + 1]);
+        }
+        for (int i = 0; i < namesAndValues.Length; i += 2) {
+            Assert.AreEqual(namesAndValues[i + 1], property(i).GetValue(target), "{0}", property(i));
+        }
     }
 
     public static void WaitUntil(Func<bool> condition, string what) {
-        for (int waited = 0; waited < 1000; ++waited) {
-            if (condition()) {
-                return;
-            }
-            Thread.Sleep(10);
-        }
-        Assert.Fail("no " + what + " within ten seconds");
+        Assert.IsTrue(SpinWait.SpinUntil(condition, 10000), "no {0} within ten seconds", what);
+    }
+
+    public static void Collect() {
+        GC.Collect();
+        GC.WaitForPendingFinalizers();
+    }
+
+    /// <summary>
+    /// Some may stay: whatever looks like an address, on any stack, keeps an object alive.
+    /// </summary>
+    public static void WaitUntilMostAreCollected(ICollection<WeakReference> references) =>
+        WaitUntil(() => {
+            Collect();
+            return references.Count(r => r.IsAlive) <= references.Count / 4;
+        }, "end of most objects");
+
+    /// <summary>
+    /// Runs it on a thread that then ends, so that no register or stack keeps its objects.
+    /// </summary>
+    public static void OnAThread(Action action) {
+        var thread = new Thread(() => action());
+        thread.Start();
+        thread.Join();
     }
 
     /// <summary>Runs a program that stands beside the tests; returns its exit code.</summary>
     public static int RunProgram(string name, string arguments, out string printed) {
         string folder = Path.GetDirectoryName(typeof(Support).Assembly.Location);
         var start = new ProcessStartInfo("mono", Path.Combine(folder, name) + " " + arguments) {
-            UseShellExecute = false,
-            RedirectStandardOutput = true,
-        };
+            UseShellExecute = false, RedirectStandardOutput = true };
         using (Process process = Process.Start(start)) {
-            if (!process.WaitForExit(60000)) {
-                process.Kill();
-                Assert.Fail(name + " does not end");
-            }
+            Assert.IsTrue(process.WaitForExit(60000), "{0} does not end", name);
             printed = process.StandardOutput.ReadToEnd();
             return process.ExitCode;
         }
     }
-
-    /// <summary>
-    /// Runs it on a thread that then ends, so that no register or stack keeps its objects.
-    /// </summary>
-    public static void OnAThread(Action action) {
-        Exception failure = null;
-        var thread = new Thread(() => {
-            try {
-                action();
-            } catch (Exception exception) {
-                failure = exception;
-            }
-        });
-        thread.Start();
-        thread.Join();
-        if (failure != null) {
-            Assert.Fail(failure.ToString());
-        }
-    }
-
-    /// <summary>
-    /// Some may stay: whatever looks like an address, on any stack, keeps an object alive.
-    /// </summary>
-    public static void WaitUntilMostAreCollected(ICollection<WeakReference> references) {
-        WaitUntil(() => {
-            GC.Collect();
-            GC.WaitForPendingFinalizers();
-            return references.Count(r => r.IsAlive) <= references.Count / 4;
-        }, "end of most objects");
-    }
 }
 
+/// <summary>Collects stop events as texts.</summary>
 internal sealed class StopEvents : ISoundStopEventReceiver {
     private readonly List<string> texts = new List<string>();
     public Action<ISound> Then;
@@ -133,9 +116,9 @@ internal sealed class StopEvents : ISoundStopEventReceiver {
     }
 
     public void OnSoundStopped(ISound sound, StopEventCause reason, object userData) {
+        LastSound = sound;
         lock (texts) {
-            texts.Add(reason + " " + (userData ?? "null"));
-            LastSound = sound;
+            texts.Add(reason.ToString().Replace("Sound", "") + " " + (userData ?? "null"));
         }
         Then?.Invoke(sound);
     }
