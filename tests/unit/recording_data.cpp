@@ -13,20 +13,16 @@ namespace {
 
 using namespace sn_test;
 using namespace sonimbra;
-using sn_internal::CRecordedData;
-using sn_internal::CSonimbraAudioRecorder;
 
 TEST(RecordedData, TakesNoByteMoreThanItsBound) {
-    const std::unique_ptr<void, decltype(&std::free)> zeros(std::calloc(CRecordedData::MaxBytes, 1),
-                                                            std::free);
-    CRecordedData data;
+    const std::unique_ptr<void, void (*)(void*)> zeros(std::calloc(524288000, 1), std::free);
+    sn_internal::CRecordedData data;
     EXPECT_TRUE(data.append("abcde", 5));
     EXPECT_EQ(5u, data.capacity());
-    EXPECT_FALSE(data.append(zeros.get(), CRecordedData::MaxBytes - 4));
+    EXPECT_FALSE(data.append(zeros.get(), 524288000 - 4));
     EXPECT_FALSE(data.append(zeros.get(), UINT32_MAX));
-    EXPECT_TRUE(data.append(zeros.get(), CRecordedData::MaxBytes - 5));
+    EXPECT_TRUE(data.append(zeros.get(), 524288000 - 5));
     EXPECT_FALSE(data.append("f", 1));
-    EXPECT_TRUE(data.append("", 0));
     EXPECT_EQ(524288000u, data.size());
     EXPECT_EQ(0, std::memcmp("abcde", data.data(), 6));
     data.clear();
@@ -34,7 +30,7 @@ TEST(RecordedData, TakesNoByteMoreThanItsBound) {
 }
 
 /// A back end whose device is the test.
-struct SFakeRecorder final : CSonimbraAudioRecorder {
+struct SFakeRecorder final : sn_internal::CSonimbraAudioRecorder {
     explicit SFakeRecorder(ISoundEngine* engine) : CSonimbraAudioRecorder(engine) {}
     bool startRecording(std::int32_t rate, E_SAMPLE_FORMAT format, std::int32_t channels) override {
         beginFormat(channels, rate, format);
