@@ -98,8 +98,7 @@ public class EngineTests {
                                   engine.Default3DSoundMaxDistance);
         Support.AssertKeeps(engine, "SoundVolume", 0.5f, "Default3DSoundMinDistance", 2f,
                             "Default3DSoundMaxDistance", 30f);
-        AreEqual("NULL", engine.Name);
-        IsFalse(engine.IsMultiThreaded);
+        IsTrue(engine.Name == "NULL" && !engine.IsMultiThreaded);
         engine.SetListenerPosition(new Vector3D(1, 2, 3), new Vector3D(0, 0, 1));
         engine.SetListenerPosition(1, 2, 3, 0, 0, 1);
         engine.SetListenerPosition(1, 2, 3, 0, 0, 1, 4, 5, 6, 0, 1, 0);
@@ -117,15 +116,14 @@ public class EngineTests {
         AreEqual("tone", tone.Name);
         AreEqual(Support.Tone(100), tone.SampleData);
         IsNull(Support.AddTone(engine, 9), "the name exists");
-        IsNull(engine.AddSoundSourceFromPCMData(new byte[0], "empty", tone.AudioFormat));
-        IsNull(engine.AddSoundSourceFromPCMData(null, "null", tone.AudioFormat));
-        IsNull(engine.AddSoundSourceFromMemory(new byte[0], "empty"));
-        IsNull(engine.AddSoundSourceFromMemory(null, "null"));
+        foreach (byte[] nothing in new[] { new byte[0], null }) {
+            IsNull(engine.AddSoundSourceFromPCMData(nothing, "nothing", tone.AudioFormat));
+            IsNull(engine.AddSoundSourceFromMemory(nothing, "nothing"));
+        }
 
         ISoundSource memory = engine.AddSoundSourceFromMemory(Support.Wav(441), "memory.wav");
         AreEqual(Support.Tone(441), memory.SampleData);
-        AreEqual(10, memory.PlayLength);
-        IsTrue(memory.IsSeekingSupported);
+        IsTrue(memory.IsSeekingSupported && memory.PlayLength == 10);
         ISoundSource alias = engine.AddSoundSourceAlias(memory, "alias");
         Support.AssertKeeps(alias, "DefaultVolume", 0.25f, "DefaultMinDistance", 3f,
                             "DefaultMaxDistance", 40f, "ForcedStreamingThreshold", 5,

@@ -33,7 +33,7 @@ public class LifetimeTests {
 
     [Test]
     public void EnginesEndWithTheirLastWrapper() {
-        var kept = new List<IDisposable>();
+        var kept = new List<IDisposable>(); // three for each engine
         Support.OnAThread(() => {
             for (int i = 0; i < 4; ++i) {
                 ISoundEngine engine = Watch(Support.PlayingEngine());
@@ -46,10 +46,7 @@ public class LifetimeTests {
         for (int first = 0; first < 3; ++first) {
             Support.Collect();
             IsTrue(watched.All(end => end.IsAlive));
-            for (int i = first; i < kept.Count; i += 3) {
-                kept[i].Dispose();
-                kept[i].Dispose();
-            }
+            kept.Where((wrapper, i) => i % 3 == first).ToList().ForEach(w => w.Dispose());
         }
         Support.WaitUntilMostAreCollected(watched);
     }

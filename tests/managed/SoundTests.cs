@@ -5,6 +5,7 @@ using System;
 using System.Collections.Generic;
 using System.Linq;
 using System.Reflection;
+using System.Threading;
 using NUnit.Framework;
 using static NUnit.Framework.Assert;
 
@@ -96,31 +97,69 @@ public class SoundTests {
     }
 
     [Test]
-    public void TellsOnlyTheLastReceiver() {
+    public void TellsOnlyTheLastReceiverWhichMayThrowAndDispose() {
         var earlier = new StopEvents();
-        ISound sound = PlayWithEvents("first");
-        sound.setSoundStopEventReceiver(null);
-        sound.setSoundStopEventReceiver(earlier);
-        sound.setSoundStopEventReceiver(events, "last");
-        PlayWithEvents("unregistered").setSoundStopEventReceiver(null, "x");
+        ISound[] sounds = { PlayWithEvents(1), PlayWithEvents(2), PlayWithEvents(3) };
+        sounds[0].setSoundStopEventReceiver(null);
+        sounds[0].setSoundStopEventReceiver(earlier);
+        sounds[0].setSoundStopEventReceiver(events, "last");
+        sounds[1].setSoundStopEventReceiver(null, "unregistered");
         PlayWithEvents("disposed").Dispose();
-        engine.StopAllSounds();
-        AreEqual("FinishedPlaying last", events.Text);
-        AreEqual(0, earlier.Count);
-    }
-
-    [Test]
-    public void ReceiversMayThrowAndDispose() {
         events.Then = sound => {
             sound.Dispose();
             engine.Play2D(tone, false, true, false).Dispose();
             throw new InvalidOperationException("thrown by a receiver");
         };
-        ISound[] sounds = { PlayWithEvents(1), PlayWithEvents(2) };
         engine.StopAllSounds();
-        AreEqual("FinishedPlaying 1; FinishedPlaying 2", events.Text);
-        Array.ForEach(sounds, sound => sound.Dispose());
-        Array.ForEach(sounds, EngineTests.AssertNeutral);
+        AreEqual("FinishedPlaying last; FinishedPlaying 3", events.Text);
+        AreEqual(0, earlier.Count);
+        foreach (ISound sound in sounds) {
+            sound.Dispose();
+            EngineTests.AssertNeutral(sound);
+        }
+    }
+
+    [Test]
+    public void RecordsWhatIsPlayedIntoASource() {
+        IAudioRecorder recorder = Support.Recorder(engine);
+        IsFalse(recorder.StartRecordingBufferedAudio(-1, SampleFormat.Signed16Bit, 1));
+        IsTrue(recorder.StartRecordingBufferedAudio());
+        recorder.StopRecordingAudio();
+        AudioFormat format = recorder.AudioFormat;
+        AreEqual("22000 1 Signed16Bit",
+                 format.SampleRate + " " + format.ChannelCount + " " + format.Format);
+        recorder.ClearRecordedAudioDataBuffer();
+
+        engine.Play2D("tone", true);
+        IsNull(recorder.RecordedAudioData);
+        IsNull(recorder.AddSoundSourceFromRecordedAudio("nothing yet"));
+        IsTrue(recorder.StartRecordingBufferedAudio(Support.Rate, SampleFormat.Signed16Bit, 2));
+        IsTrue(recorder.IsRecording);
+        AreEqual(-1, recorder.AudioFormat.FrameCount);
+        IsNull(recorder.RecordedAudioData);
+        IsNull(recorder.AddSoundSourceFromRecordedAudio("too early"));
+        Thread.Sleep(2500);
+        recorder.StopRecordingAudio();
+        IsFalse(recorder.IsRecording);
+
+        format = recorder.AudioFormat;
+        byte[] data = recorder.RecordedAudioData;
+        AreEqual(format.SampleDataSize, data.Length);
+        IsTrue(Enumerable.Range(0, data.Length / 2).Any(i => (sbyte)data[2 * i + 1] > 40),
+               "the tone is not heard");
+        ISoundSource source = recorder.AddSoundSourceFromRecordedAudio("recorded");
+        AreEqual("recorded", source.Name);
+        AreEqual(format, source.AudioFormat);
+        AreEqual(data, source.SampleData);
+        IsNull(recorder.AddSoundSourceFromRecordedAudio("recorded"), "it exists");
+        IsNull(recorder.AddSoundSourceFromRecordedAudio(null));
+        IsNull(recorder.AddSoundSourceFromRecordedAudio(new string('x', 2024)));
+        recorder.ClearRecordedAudioDataBuffer();
+        IsNull(recorder.RecordedAudioData);
+        IsNotNull(engine.Play2D("recorded"), "the source has a copy");
+        recorder.Dispose();
+        recorder.Dispose();
+        EngineTests.AssertNeutral(recorder);
     }
 
     [Test]
@@ -134,13 +173,7 @@ public class SoundTests {
         sound.Dispose();
         EngineTests.AssertNeutral(effects); // it was disposed just now: once more
         EngineTests.AssertNeutral(effects);
-    }
-
-    [Test]
-    public void PlaysOnWhenDisposed() {
-        engine.Play2D(tone, true, false, false).Dispose();
-        tone.Dispose();
-        IsTrue(engine.IsCurrentlyPlaying("tone"));
+        IsTrue(engine.IsCurrentlyPlaying("tone"), "a sound plays on without its wrapper");
     }
 }
 

@@ -6,7 +6,6 @@ using System.Collections.Generic;
 using System.Diagnostics;
 using System.IO;
 using System.Linq;
-using System.Reflection;
 using System.Threading;
 using NUnit.Framework;
 
@@ -52,13 +51,10 @@ internal static class Support {
 
     /// <summary>Sets all the properties, then reads them all back.</summary>
     public static void AssertKeeps(object target, params object[] namesAndValues) {
-        Func<int, PropertyInfo> property = i => target.GetType().GetProperty((string)namesAndValues[i]);
-        for (int i = 0; i < namesAndValues.Length; i += 2) {
-            property(i).SetValue(target, namesAndValues[i + 1]);
-        }
-        for (int i = 0; i < namesAndValues.Length; i += 2) {
-            Assert.AreEqual(namesAndValues[i + 1], property(i).GetValue(target), "{0}", property(i));
-        }
+        var properties = namesAndValues.OfType<string>().Select(target.GetType().GetProperty).ToList();
+        var values = namesAndValues.Where(value => !(value is string)).ToList();
+        properties.ForEach(p => p.SetValue(target, values[properties.IndexOf(p)]));
+        Assert.AreEqual(values, properties.Select(p => p.GetValue(target)));
     }
 
     public static void WaitUntil(Func<bool> condition, string what) {
