@@ -3,8 +3,6 @@
 
 using System;
 using System.Collections.Generic;
-using System.Diagnostics;
-using System.IO;
 using System.Linq;
 using System.Threading;
 using NUnit.Framework;
@@ -51,15 +49,15 @@ internal static class Support {
 
     /// <summary>Sets all the properties, then reads them all back.</summary>
     public static void AssertKeeps(object target, params object[] namesAndValues) {
-        var properties = namesAndValues.OfType<string>().Select(target.GetType().GetProperty).ToList();
+        var names = namesAndValues.OfType<string>();
+        var properties = names.Select(target.GetType().GetProperty).ToList();
         var values = namesAndValues.Where(value => !(value is string)).ToList();
         properties.ForEach(p => p.SetValue(target, values[properties.IndexOf(p)]));
         Assert.AreEqual(values, properties.Select(p => p.GetValue(target)));
     }
 
-    public static void WaitUntil(Func<bool> condition, string what) {
+    public static void WaitUntil(Func<bool> condition, string what) =>
         Assert.IsTrue(SpinWait.SpinUntil(condition, 10000), "no {0} within ten seconds", what);
-    }
 
     public static void Collect() {
         GC.Collect();
@@ -83,18 +81,6 @@ internal static class Support {
         thread.Start();
         thread.Join();
     }
-
-    /// <summary>Runs a program that stands beside the tests; returns its exit code.</summary>
-    public static int RunProgram(string name, string arguments, out string printed) {
-        string folder = Path.GetDirectoryName(typeof(Support).Assembly.Location);
-        var start = new ProcessStartInfo("mono", Path.Combine(folder, name) + " " + arguments) {
-            UseShellExecute = false, RedirectStandardOutput = true };
-        using (Process process = Process.Start(start)) {
-            Assert.IsTrue(process.WaitForExit(60000), "{0} does not end", name);
-            printed = process.StandardOutput.ReadToEnd();
-            return process.ExitCode;
-        }
-    }
 }
 
 /// <summary>Collects stop events as texts.</summary>
@@ -102,10 +88,6 @@ internal sealed class StopEvents : ISoundStopEventReceiver {
     private readonly List<string> texts = new List<string>();
     public Action<ISound> Then;
     public ISound LastSound;
-
-    public int Count {
-        get { lock (texts) { return texts.Count; } }
-    }
 
     public string Text {
         get { lock (texts) { return string.Join("; ", texts); } }

@@ -10,7 +10,6 @@ using static NUnit.Framework.Assert;
 
 namespace Sonimbra.Tests {
 
-[TestFixture]
 public class ValueTests {
     [TestCase(typeof(SoundOutputDriver), "AutoDetect 0, DirectSound8 1, DirectSound 2, WinMM 3, " +
                                          "ALSA 4, CoreAudio 5, NullDriver 6")]
@@ -89,20 +88,15 @@ public class ValueTests {
         AreEqual(V(-1, 2, -3), v);
     }
 
-    [TestCase(0, false)] // the beginning itself is as far from the end as it is
-    [TestCase(0.001f, true)]
-    [TestCase(1, false)]
-    [TestCase(-0.5f, false)]
-    [TestCase(float.NaN, false)]
-    public void FindsPointsBetween(float x, bool expected) =>
-        AreEqual(expected, V(x, 0, 0).IsBetweenPoints(V(0, 0, 0), V(1, 0, 0)));
-
-    [TestCase(1, 4)]
-    [TestCase(0, 0)]
-    [TestCase(0.25f, 1)]
-    [TestCase(2, 8)]
-    public void Interpolates(float d, float expected) {
-        AreEqual(V(expected, 0, 0), V(4, 0, 0).GetInterpolated(V(0, 0, 0), d));
+    [Test]
+    public void FindsPointsBetweenAndInterpolates() {
+        Func<float, bool> isBetween = x => V(x, 0, 0).IsBetweenPoints(V(0, 0, 0), V(1, 0, 0));
+        // The ends themselves are as far from each other as they are.
+        AreEqual(new[] { false, true, true, false, false, false },
+                 new[] { 0, 0.001f, 0.999f, 1, -0.5f, float.NaN }.Select(isBetween));
+        Func<float, float> between = d => V(4, 0, 0).GetInterpolated(V(0, 0, 0), d).X;
+        AreEqual(new[] { 4.0f, 0, 1, 8 }, new[] { 1, 0, 0.25f, 2 }.Select(between));
+        AreEqual(V(0, 3, 0), V(0, 0, 0).GetInterpolated(V(0, 4, 0), 0.25f));
     }
 
     [TestCase("", "(1, 2.5, -3)")]
