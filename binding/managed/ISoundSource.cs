@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Zlib
 
 using System;
-using System.Runtime.InteropServices;
 
 namespace Sonimbra {
 
