@@ -5,6 +5,7 @@
 // the whole mixing path and for the raw resampler on the same input, in the same run.
 
 #include "benchmarks/tone.h"
+#include "benchmarks/voices.h"
 
 #include <benchmark/benchmark.h>
 #include <dumb.h>
@@ -14,27 +15,7 @@
 namespace benchmarks {
 namespace {
 
-constexpr std::int32_t OutputRate = 44100;
-constexpr std::int32_t BufferFrames = 256;
 constexpr std::int32_t RefillFrames = 2048;
-
-/// Arguments: voices, channels, source rate.
-struct SVoices {
-    explicit SVoices(const benchmark::State& state)
-        : count(static_cast<std::int32_t>(state.range(0))),
-          channels(static_cast<std::int32_t>(state.range(1))),
-          rate(static_cast<std::int32_t>(state.range(2))) {}
-    std::int32_t count;
-    std::int32_t channels;
-    std::int32_t rate;
-};
-
-void reportVoiceCost(benchmark::State& state, const SVoices& voices) {
-    const double voiceSeconds = static_cast<double>(voices.count) * BufferFrames / OutputRate;
-    state.counters["us_per_voice_second"] =
-        benchmark::Counter(voiceSeconds / 1e6, benchmark::Counter::kIsIterationInvariantRate |
-                                                   benchmark::Counter::kInvert);
-}
 
 void mixVoices(benchmark::State& state, float volume, float pan) {
     const SVoices voices(state);
@@ -49,9 +30,9 @@ void mixVoices(benchmark::State& state, float volume, float pan) {
         sound->setPlayPosition(static_cast<std::uint32_t>(i * 7 % 1900)); // refill at other times
         sound->setIsPaused(false);
     }
-    std::int16_t target[2 * BufferFrames];
+    std::int16_t target[2 * BlockFrames];
     for (auto _ : state) {
-        engine->renderFrames(target, BufferFrames);
+        engine->renderFrames(target, BlockFrames);
         benchmark::DoNotOptimize(target);
     }
     reportVoiceCost(state, voices);
@@ -76,9 +57,9 @@ public:
 
     void render(sample_t* target, float step) {
         long done = 0;
-        while (done < BufferFrames) {
+        while (done < BlockFrames) {
             const long got =
-                dumb_resample_1_1(&Resampler, target + done, BufferFrames - done, 1.0f, step);
+                dumb_resample_1_1(&Resampler, target + done, BlockFrames - done, 1.0f, step);
             done += got;
             if (got == 0) {
                 refill();
@@ -115,10 +96,10 @@ void resampleOnly(benchmark::State& state) {
     for (std::int32_t i = 0; i < voices.count * voices.channels; ++i) {
         channels.emplace_back(samples, static_cast<std::size_t>(RefillFrames + i % 8 * 1000));
     }
-    sample_t target[BufferFrames];
+    sample_t target[BlockFrames];
     for (auto _ : state) {
         for (CRawChannel& channel : channels) {
-            std::fill_n(target, BufferFrames, 0);
+            std::fill_n(target, BlockFrames, 0);
             channel.render(target, step);
             benchmark::DoNotOptimize(target);
         }

@@ -45,4 +45,16 @@ ISoundSource* addSamples(ISoundEngine& engine, const char* name, std::vector<std
                                             formatOf(samples, channelCount, sampleRate), true);
 }
 
+TOwned<ISound> startVoice(ISoundEngine& engine, ISoundSource* source, const SVoices& voices,
+                          std::int32_t i) {
+    const SVoice voice = voices.get(i);
+    TOwned<ISound> sound(engine.play2D(source, true, true, true));
+    sound->setVolume(voice.volume);
+    sound->setPan(voice.pan);
+    sound->setPlaybackSpeed(voices.speed);
+    sound->setPlayPosition(static_cast<std::uint32_t>(voice.startFrame));
+    sound->setIsPaused(false);
+    return sound;
+}
+
 } // namespace benchmarks

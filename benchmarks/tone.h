@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "benchmarks/voices.h"
+
 #include <sonimbra/sonimbra.h>
 
 #include <cstdint>
@@ -34,5 +36,9 @@ TOwned<sonimbra::IOfflineSoundEngine> makeEngine();
 sonimbra::ISoundSource* addSamples(sonimbra::ISoundEngine& engine, const char* name,
                                    std::vector<std::int16_t>& samples, std::int32_t channelCount,
                                    std::int32_t sampleRate);
+
+/// Plays voice i of them, looped.
+TOwned<sonimbra::ISound> startVoice(sonimbra::ISoundEngine& engine, sonimbra::ISoundSource* source,
+                                    const SVoices& voices, std::int32_t i);
 
 } // namespace benchmarks
