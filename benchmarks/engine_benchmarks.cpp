@@ -4,38 +4,19 @@
 // What the engine costs beside mixing: the registry, starting sounds, the update cycle, and the
 // memory of a playing sound.
 
-#include "benchmarks/tone.h"
-
-#include <benchmark/benchmark.h>
-
-#include <algorithm>
-
-#include <random>
+#include "benchmarks/crowd.h"
 
 #include <malloc.h>
 
 namespace benchmarks {
 namespace {
 
-std::vector<std::string> makeNames(std::int64_t count, bool shuffled) {
-    std::vector<std::string> names;
-    for (std::int64_t i = 0; i < count; ++i) {
-        names.push_back("sounds/effect_" + std::to_string(1000000 + i) + ".wav");
-    }
-    if (shuffled) {
-        std::shuffle(names.begin(), names.end(), std::mt19937(1));
-    }
-    return names;
-}
-
 /// Adding every name as a file source, and asking once for the order.
 void addSources(benchmark::State& state) {
     const auto names = makeNames(state.range(0), state.range(1) != 0);
     for (auto _ : state) {
         const auto engine = makeEngine();
-        for (const std::string& name : names) {
-            engine->addSoundSourceFromFile(name.c_str());
-        }
+        addNames(*engine, names);
         benchmark::DoNotOptimize(engine->getSoundSource(0));
     }
 }
@@ -47,9 +28,7 @@ BENCHMARK(addSources)
 void lookUpSource(benchmark::State& state) {
     const auto names = makeNames(state.range(0), true);
     const auto engine = makeEngine();
-    for (const std::string& name : names) {
-        engine->addSoundSourceFromFile(name.c_str());
-    }
+    addNames(*engine, names);
     std::size_t next = 0;
     for (auto _ : state) {
         benchmark::DoNotOptimize(engine->getSoundSource(names[next].c_str(), false));
@@ -57,30 +36,6 @@ void lookUpSource(benchmark::State& state) {
     }
 }
 BENCHMARK(lookUpSource)->ArgName("sources")->Arg(100)->Arg(10000);
-
-/// An engine with paused or playing sounds of one cached source.
-struct SCrowd {
-    explicit SCrowd(std::int64_t count, bool is3D)
-        : engine(makeEngine()),
-          samples(makeSweep(2, 44100)),
-          source(addSamples(*engine, "sweep", samples, 2, 44100)) {
-        for (std::int64_t i = 0; i < count; ++i) {
-            start(is3D, static_cast<float>(i));
-        }
-    }
-
-    void start(bool is3D, float x) {
-        if (is3D) {
-            engine->play3D(source, sonimbra::vec3df(x, 0, 1), true);
-        } else {
-            engine->play2D(source, true);
-        }
-    }
-
-    TOwned<sonimbra::IOfflineSoundEngine> engine;
-    std::vector<std::int16_t> samples;
-    sonimbra::ISoundSource* source;
-};
 
 void startSound(benchmark::State& state) {
     const SCrowd crowd(state.range(0), false);

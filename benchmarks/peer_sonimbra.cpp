@@ -12,20 +12,7 @@ namespace {
 
 void mixBySonimbra(benchmark::State& state, const std::string& kernels) {
     const CKernelChoice choice(kernels);
-    const SVoices voices(state, true);
-    const auto engine = makeEngine();
-    auto samples = makeSweep(voices.channels, voices.rate);
-    sonimbra::ISoundSource* source =
-        addSamples(*engine, "sweep", samples, voices.channels, voices.rate);
-    for (std::int32_t i = 0; i < voices.count; ++i) {
-        startVoice(*engine, source, voices, i);
-    }
-    std::int16_t target[2 * BlockFrames];
-    for (auto _ : state) {
-        engine->renderFrames(target, BlockFrames);
-        benchmark::DoNotOptimize(target);
-    }
-    reportVoiceCost(state, voices);
+    mixVoices(state, SVoices(state, true));
 }
 
 [[maybe_unused]] const bool Registered = [] {

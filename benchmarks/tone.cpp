@@ -45,16 +45,38 @@ ISoundSource* addSamples(ISoundEngine& engine, const char* name, std::vector<std
                                             formatOf(samples, channelCount, sampleRate), true);
 }
 
-TOwned<ISound> startVoice(ISoundEngine& engine, ISoundSource* source, const SVoices& voices,
-                          std::int32_t i) {
+namespace {
+
+void startVoice(ISoundEngine& engine, ISoundSource* source, const SVoices& voices, std::int32_t i) {
     const SVoice voice = voices.get(i);
-    TOwned<ISound> sound(engine.play2D(source, true, true, true));
+    const TOwned<ISound> sound(engine.play2D(source, true, true, true));
     sound->setVolume(voice.volume);
     sound->setPan(voice.pan);
     sound->setPlaybackSpeed(voices.speed);
     sound->setPlayPosition(static_cast<std::uint32_t>(voice.startFrame));
     sound->setIsPaused(false);
-    return sound;
+}
+
+} // namespace
+
+TOwned<IOfflineSoundEngine> playVoices(const SVoices& voices) {
+    auto engine = makeEngine();
+    auto samples = makeSweep(voices.channels, voices.rate);
+    ISoundSource* source = addSamples(*engine, "sweep", samples, voices.channels, voices.rate);
+    for (std::int32_t i = 0; i < voices.count; ++i) {
+        startVoice(*engine, source, voices, i);
+    }
+    return engine;
+}
+
+void mixVoices(benchmark::State& state, const SVoices& voices) {
+    const auto engine = playVoices(voices);
+    std::int16_t target[2 * BlockFrames];
+    for (auto _ : state) {
+        engine->renderFrames(target, BlockFrames);
+        benchmark::DoNotOptimize(target);
+    }
+    reportVoiceCost(state, voices);
 }
 
 } // namespace benchmarks

@@ -37,8 +37,10 @@ sonimbra::ISoundSource* addSamples(sonimbra::ISoundEngine& engine, const char* n
                                    std::vector<std::int16_t>& samples, std::int32_t channelCount,
                                    std::int32_t sampleRate);
 
-/// Plays voice i of them, looped.
-TOwned<sonimbra::ISound> startVoice(sonimbra::ISoundEngine& engine, sonimbra::ISoundSource* source,
-                                    const SVoices& voices, std::int32_t i);
+/// Plays these voices, each looped and with values of its own; returns the engine.
+TOwned<sonimbra::IOfflineSoundEngine> playVoices(const SVoices& voices);
+
+/// Measures the mixing of these voices.
+void mixVoices(benchmark::State& state, const SVoices& voices);
 
 } // namespace benchmarks
