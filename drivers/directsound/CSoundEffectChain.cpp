@@ -4,6 +4,7 @@
 #include "drivers/directsound/CSoundEffectChain.h"
 
 #include "core/log.h"
+#include "drivers/directsound/CComApartment.h"
 #include "drivers/directsound/com_ptr.h"
 
 #include <algorithm>
@@ -80,6 +81,8 @@ bool CSoundEffectChain::holds(REFGUID effectClass) const {
 }
 
 void CSoundEffectChain::build(IDirectSoundBuffer8& buffer) const {
+    CComApartment apartment; // DirectSound makes the effects on this thread, which may be any
+    apartment.enter();
     if (Effects.empty()) {
         if (FAILED(buffer.SetFX(0, nullptr, nullptr))) {
             logText("Could not disable effects");
