@@ -30,8 +30,6 @@ namespace sonimbra {
 /// thread.
 class ISoundEffectControl {
 public:
-    virtual ~ISoundEffectControl() {}
-
     /// Switches every effect off.
     virtual void disableAllEffects() = 0;
 
@@ -155,6 +153,9 @@ public:
                                               float fHighFreqRTRatio = 0.001f) = 0;
     virtual void disableWavesReverbSoundEffect() = 0;
     virtual bool isWavesReverbSoundEffectEnabled() = 0;
+
+protected:
+    ~ISoundEffectControl() = default;
 };
 
 } // namespace sonimbra
