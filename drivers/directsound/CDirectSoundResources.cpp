@@ -9,7 +9,8 @@ namespace sn_internal {
 
 void CDirectSoundResources::releaseAll() {
     for (CDirectSoundSound* sound : Sounds) {
-        sound->releaseBuffer();
+        // Not virtual: another thread may have destroyed the derived part already.
+        sound->CDirectSoundSound::releaseBuffer();
     }
     for (CReusableDSSoundBuffers* buffers : Shared) {
         buffers->release();

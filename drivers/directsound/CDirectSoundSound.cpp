@@ -71,12 +71,8 @@ CDirectSoundSound::CDirectSoundSound(const SDirectSoundGeneration& generation,
 }
 
 CDirectSoundSound::~CDirectSoundSound() {
+    // What is let go here counts without atomics, and the engine could release it as well.
     const CScopedLock lock(getLock());
-    leaveDevice();
-}
-
-void CDirectSoundSound::leaveDevice() {
-    // What is let go here counts without atomics.
     CDirectSoundSound::releaseBuffer();
     Samples.reset();
     Resources->remove(this);

@@ -68,10 +68,6 @@ protected:
     /// Fills the buffer again after DirectSound has taken its memory away and given it back.
     virtual void refillLostBuffer();
 
-    /// Lets go of everything that the engine could release as well. For destructors, with the
-    /// engine's lock held.
-    void leaveDevice();
-
     /// Neither cut off from its source nor released.
     bool isPlayable() const { return isAttached() && Buffer; }
 

@@ -26,12 +26,6 @@ LONG chorusPhaseOf(std::int32_t degrees) {
 
 } // namespace
 
-CSonimbraDS8Sound::~CSonimbraDS8Sound() {
-    // The engine may release the buffers on another thread, and with them the effects.
-    const CScopedLock lock(getLock());
-    leaveDevice();
-}
-
 void CSonimbraDS8Sound::releaseBuffer() {
     CDirectSoundSound::releaseBuffer();
     Effects.clear();

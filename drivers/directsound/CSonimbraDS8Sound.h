@@ -16,7 +16,6 @@ public:
     CSonimbraDS8Sound(const SDirectSoundSoundArguments& arguments,
                       CSonimbraBufferedSamples* samples)
         : CDirectSoundSound(DirectSound8Generation, arguments, samples) {}
-    ~CSonimbraDS8Sound() override;
 
     sonimbra::ISoundEffectControl* getSoundEffectControl() override { return this; }
     void releaseBuffer() override;
