@@ -1,30 +1,26 @@
 #!/usr/bin/env python3
 # Copyright (c) 2026 The Sonimbra developers
 # SPDX-License-Identifier: Zlib
-"""Prints the least that each benchmark of a Google Benchmark JSON file took, as Markdown."""
+"""benchmark_table.py FILE [peers|curves|lock]: prints a Google Benchmark JSON file as Markdown.
 
-import json
-import re
+Of each benchmark it shows the least of its runs, and of the waits for the lock the quietest run.
+"""
+
 import sys
 
-NANOSECONDS = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+import benchmark_runs
+
 RAW = "resampleOnly"
 BY_STREAM, BY_LIBRARY = "ByStream/", "ByLibrary/"
 
 
-def least_of_runs(runs):
-    """The least processor time (nanoseconds) and least counters of each benchmark."""
-    times, counters = {}, {"us_per_voice_second": {}, "bytes_per_sound": {}, "reads_per_2KiB": {}}
-    for run in runs:
-        if run["run_type"] != "iteration":
-            continue
-        name = run["run_name"]
-        time = run["cpu_time"] * NANOSECONDS[run["time_unit"]]
-        times[name] = min(time, times.get(name, time))
-        for counter, table in counters.items():
-            if counter in run:
-                table[name] = min(run[counter], table.get(name, run[counter]))
-    return times, *counters.values()
+def print_row(*cells):
+    print("| " + " | ".join(map(str, cells)) + " |")
+
+
+def print_header(*cells):
+    print_row(*cells)
+    print("|" + "---|" * len(cells))
 
 
 def readable(nanoseconds):
@@ -34,53 +30,106 @@ def readable(nanoseconds):
     return f"{nanoseconds:.3g} ns"
 
 
-def in_order(table):
-    """Names sorted with their numbers as numbers."""
-    return sorted(
-        table.items(),
-        key=lambda item: [int(p) if p.isdigit() else p for p in re.split(r"(\d+)", item[0])],
-    )
+def short(value):
+    return f"{value:.0f}" if value >= 99.5 else f"{value:.3g}"
 
 
 def print_voices(voices):
-    print("| microseconds per voice and second | cost | times the raw resampler |\n|---|---|---|")
-    for name, cost in in_order(voices):
+    print_header("microseconds per voice and second", "cost", "times the raw resampler")
+    for name, cost in benchmark_runs.in_order(voices):
         raw = voices.get(RAW + "/" + name.split("/", 1)[1])
-        print(f"| {name} | {cost:.0f} | {f'{cost / raw:.2f}' if raw else '-'} |")
+        print_row(name, f"{cost:.0f}", f"{cost / raw:.2f}" if raw else "-")
+    print()
 
 
 def print_decoders(times):
-    print("| a minute of sound | cost | times the library |\n|---|---|---|")
-    for name, time in in_order(times):
+    print_header("a minute of sound", "cost", "times the library")
+    for name, time in benchmark_runs.in_order(times):
         library = times.get(name.replace(BY_STREAM, BY_LIBRARY))
         ratio = f"{time / library:.3f}" if library and BY_STREAM in name else "-"
-        print(f"| {name} | {readable(time)} | {ratio} |")
+        print_row(name, readable(time), ratio)
+    print()
 
 
 def print_others(times, voices, memory, reads):
-    print("| benchmark | |\n|---|---|")
-    for name, time in in_order(times):
+    print_header("benchmark", "")
+    for name, time in benchmark_runs.in_order(times):
         if name in memory:
-            print(f"| {name} | {memory[name] / 1024:.1f} KiB a sound |")
+            print_row(name, f"{memory[name] / 1024:.1f} KiB a sound")
         elif name in reads:
-            print(f"| {name} | {readable(time)}, {reads[name]:.2f} file reads for 2 KiB |")
+            print_row(name, f"{readable(time)}, {reads[name]:.2f} file reads for 2 KiB")
         elif name not in voices:
-            print(f"| {name} | {readable(time)} |")
+            print_row(name, readable(time))
+
+
+def print_all(runs):
+    times = benchmark_runs.least_times(runs)
+    voices = benchmark_runs.least(runs, benchmark_runs.VOICE_COST)
+    decoders = {n: times.pop(n) for n in list(times) if BY_STREAM in n or BY_LIBRARY in n}
+    if voices:
+        print_voices(voices)
+    if decoders:
+        print_decoders(decoders)
+    print_others(
+        times,
+        voices,
+        benchmark_runs.least(runs, "bytes_per_sound"),
+        benchmark_runs.least(runs, "reads_per_2KiB"),
+    )
+
+
+def print_peers(runs):
+    costs = benchmark_runs.peer_costs(runs)
+    mixers = benchmark_runs.mixers_of(costs)
+    print("Microseconds of processor time for one voice and one second of output:\n")
+    print_header("voices", *map(benchmark_runs.readable_mixer, mixers))
+    for (*kind, voices), row in costs.items():
+        cells = [short(row[mixer]) if mixer in row else "-" for mixer in mixers]
+        print_row(f"{benchmark_runs.kind_of_voices(*kind)}, {voices}", *cells)
+    print()
+    print_ratios(costs, mixers[0])
+
+
+def print_ratios(costs, fastest):
+    pairs = [(fastest, peer) for peer in ("OpenAL_cubic", "OpenAL_linear", "SDL_mixer")]
+    pairs.append(("Sonimbra_portable", "Sonimbra_DUMB"))
+    print("Ratios of these:\n")
+    print_header("voices", *(" / ".join(map(benchmark_runs.readable_mixer, pair)) for pair in pairs))
+    for (*kind, voices), row in costs.items():
+        cells = [f"{row[a] / row[b]:.2f}" if a in row and b in row else "-" for a, b in pairs]
+        print_row(f"{benchmark_runs.kind_of_voices(*kind)}, {voices}", *cells)
+
+
+def print_curves(runs):
+    for group, curves in benchmark_runs.curves(runs).items():
+        numbers = sorted({number for curve in curves.values() for number in curve})
+        print_header(f"{group}, {benchmark_runs.unit_of(group)}", *numbers)
+        for title, curve in curves.items():
+            print_row(title, *(short(curve[n]) if n in curve else "-" for n in numbers))
+        print()
+
+
+def print_lock(runs):
+    quietest = {}
+    for run in runs:
+        best = quietest.setdefault(run["run_name"], run)
+        if run["wait_us_p99_9"] < best["wait_us_p99_9"]:
+            quietest[run["run_name"]] = run
+    waits = ["50", "90", "99", "99_9"]
+    titles = [f"{p.replace('_', '.')} %" for p in waits]
+    print_header("wait in microseconds", *titles, "longest", "longest block", "mixing")
+    for name, run in quietest.items():
+        cells = [short(run[f"wait_us_p{p}"]) for p in waits]
+        title = name.removeprefix("lock/").split("/iterations")[0]
+        busy = f"{run['mixing_percent']:.0f} %"
+        print_row(title, *cells, short(run["wait_us_max"]), short(run["block_us_max"]), busy)
 
 
 def main():
-    with open(sys.argv[1], encoding="utf-8") as file:
-        measured = json.load(file)
-    times, voices, memory, reads = least_of_runs(measured["benchmarks"])
-    decoders = {name: times.pop(name) for name in list(times) if BY_STREAM in name or BY_LIBRARY in name}
-    print(f"{measured['context']['date'][:10]}, {measured['context']['num_cpus']} processors\n")
-    if voices:
-        print_voices(voices)
-        print()
-    if decoders:
-        print_decoders(decoders)
-        print()
-    print_others(times, voices, memory, reads)
+    context, runs = benchmark_runs.load(sys.argv[1])
+    print(f"{context['date'][:10]}, {context['num_cpus']} processors\n")
+    prints = {"peers": print_peers, "curves": print_curves, "lock": print_lock, "all": print_all}
+    prints[sys.argv[2] if len(sys.argv) > 2 else "all"](runs)
 
 
 main()
