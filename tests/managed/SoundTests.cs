@@ -40,6 +40,7 @@ public class SoundTests {
                             new Vector3D(7, 8, 9), "Volume", 0.5f, "Pan", 0.25f, "MinDistance", 2f,
                             "MaxDistance", 50f, "PlaybackSpeed", 1.5f, "Looped", false, "Paused",
                             true, "PlayPosition", 500u);
+        sound.Looped = true;
         sound.Paused = false;
         Support.WaitUntil(() => sound.PlayPosition > 600, "progress");
         IsFalse(sound.Paused || sound.Finished);
@@ -137,7 +138,7 @@ public class SoundTests {
         AreEqual(-1, recorder.AudioFormat.FrameCount);
         IsNull(recorder.RecordedAudioData);
         IsNull(recorder.AddSoundSourceFromRecordedAudio("too early"));
-        Thread.Sleep(2500);
+        Thread.Sleep(3000);
         recorder.StopRecordingAudio();
         IsFalse(recorder.IsRecording);
 
