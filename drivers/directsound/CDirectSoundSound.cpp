@@ -226,7 +226,11 @@ bool CDirectSoundSound::startBuffer(DWORD flags) {
     HRESULT result = Buffer->Play(0, 0, flags);
     if (result == DSERR_BUFFERLOST && SUCCEEDED(Buffer->Restore())) {
         refillLostBuffer();
-        result = Buffer ? Buffer->Play(0, 0, flags) : DSERR_BUFFERLOST;
+        if (!Buffer) {
+            releaseBuffer(); // and what belongs to it
+            return false;
+        }
+        result = Buffer->Play(0, 0, flags);
     }
     return SUCCEEDED(result);
 }

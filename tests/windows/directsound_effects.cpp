@@ -91,14 +91,19 @@ TEST_F(DirectSoundEffects, RebuildTheirChain) {
     expect("", "", 99, [&] { Control->disableEchoSoundEffect(); });
 }
 
-/// Stopped, without its source, or without its engine.
+/// Stopped, without its source, without its engine, or with a lost buffer that cannot be filled.
 TEST_F(DirectSoundEffects, EndWithTheirSound) {
-    for (int way = 0; way < 3; ++way) {
+    for (int way = 0; way < 4; ++way) {
         play(EStorage::Pcm);
         Control->enableEchoSoundEffect();
+        if (way == 3) {
+            Script.Buffers.back()->Loss = DSERR_BUFFERLOST;
+            Script.Failing = Script.Calls + 2; // play, restore, lock
+        }
         way == 0   ? Playing->stop()
         : way == 1 ? Driver->removeSoundSource(Playing->getSoundSource())
-                   : Driver.reset();
+        : way == 2 ? Driver.reset()
+                   : Playing->setIsLooped(true);
         EXPECT_EQ("", callsOf([&] {
                       EXPECT_FALSE(Control->isEchoSoundEffectEnabled()) << way;
                       EXPECT_FALSE(Control->enableEchoSoundEffect());
