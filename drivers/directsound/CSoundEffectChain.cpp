@@ -13,45 +13,44 @@
 namespace sn_internal {
 namespace {
 
-/// What DirectSound calls an effect, and how it takes the parameters.
-struct SSoundEffectDescription {
-    const GUID& effectClass;
-    void (*push)(IDirectSoundBuffer8& buffer, const SoundEffectParameters& parameters);
-};
-
-template <class TInterface, class TParameters, const GUID& EffectClass, const IID& Interface>
-void pushTo(IDirectSoundBuffer8& buffer, const SoundEffectParameters& parameters) {
-    com_ptr<TInterface> effect;
-    if (SUCCEEDED(buffer.GetObjectInPath(EffectClass, 0, Interface, effect.putVoid())) && effect) {
-        effect->SetAllParameters(std::get_if<TParameters>(&parameters));
-    }
-}
-
-template <class TInterface, class TParameters, const GUID& EffectClass, const IID& Interface>
-constexpr SSoundEffectDescription describe() {
-    return {EffectClass, pushTo<TInterface, TParameters, EffectClass, Interface>};
-}
+/// What DirectSound calls the effect that takes such a block, and the effect's own interface.
+template <class TParameters>
+struct SEffect; // for each type of SoundEffectParameters
 
 #define EFFECT(name, effectClass)                                                                  \
-    describe<IDirectSoundFX##name, DSFX##name, effectClass, IID_IDirectSoundFX##name>()
+    template <>                                                                                    \
+    struct SEffect<DSFX##name> {                                                                   \
+        using IControl = IDirectSoundFX##name;                                                     \
+        static constexpr const IID& ControlId = IID_IDirectSoundFX##name;                          \
+        static constexpr const GUID& Class = effectClass;                                          \
+    }
 
-/// In the order of the types of SoundEffectParameters.
-constexpr SSoundEffectDescription Descriptions[] = {
-    EFFECT(Chorus, GUID_DSFX_STANDARD_CHORUS),
-    EFFECT(Compressor, GUID_DSFX_STANDARD_COMPRESSOR),
-    EFFECT(Distortion, GUID_DSFX_STANDARD_DISTORTION),
-    EFFECT(Echo, GUID_DSFX_STANDARD_ECHO),
-    EFFECT(Flanger, GUID_DSFX_STANDARD_FLANGER),
-    EFFECT(Gargle, GUID_DSFX_STANDARD_GARGLE),
-    EFFECT(I3DL2Reverb, GUID_DSFX_STANDARD_I3DL2REVERB),
-    EFFECT(ParamEq, GUID_DSFX_STANDARD_PARAMEQ),
-    EFFECT(WavesReverb, GUID_DSFX_WAVES_REVERB),
-};
+EFFECT(Chorus, GUID_DSFX_STANDARD_CHORUS);
+EFFECT(Compressor, GUID_DSFX_STANDARD_COMPRESSOR);
+EFFECT(Distortion, GUID_DSFX_STANDARD_DISTORTION);
+EFFECT(Echo, GUID_DSFX_STANDARD_ECHO);
+EFFECT(Flanger, GUID_DSFX_STANDARD_FLANGER);
+EFFECT(Gargle, GUID_DSFX_STANDARD_GARGLE);
+EFFECT(I3DL2Reverb, GUID_DSFX_STANDARD_I3DL2REVERB);
+EFFECT(ParamEq, GUID_DSFX_STANDARD_PARAMEQ);
+EFFECT(WavesReverb, GUID_DSFX_WAVES_REVERB);
 
 #undef EFFECT
 
-constexpr std::size_t EffectCount = std::size(Descriptions);
-static_assert(EffectCount == std::variant_size_v<SoundEffectParameters>);
+const GUID& classOf(const SoundEffectParameters& parameters) {
+    return std::visit([]<class T>(const T&) -> const GUID& { return SEffect<T>::Class; },
+                      parameters);
+}
+
+template <class TParameters>
+void pushTo(IDirectSoundBuffer8& buffer, const TParameters& parameters) {
+    using SKind = SEffect<TParameters>;
+    com_ptr<typename SKind::IControl> effect;
+    if (SUCCEEDED(buffer.GetObjectInPath(SKind::Class, 0, SKind::ControlId, effect.putVoid())) &&
+        effect) {
+        effect->SetAllParameters(&parameters);
+    }
+}
 
 auto isOf(REFGUID effectClass) {
     return [&effectClass](const SRunningSoundEffect& effect) {
@@ -62,7 +61,7 @@ auto isOf(REFGUID effectClass) {
 } // namespace
 
 bool CSoundEffectChain::put(const SoundEffectParameters& parameters) {
-    const GUID& effectClass = Descriptions[parameters.index()].effectClass;
+    const GUID& effectClass = classOf(parameters);
     const auto found = std::find_if(Effects.begin(), Effects.end(), isOf(effectClass));
     if (found != Effects.end()) {
         found->parameters = parameters;
@@ -89,8 +88,8 @@ void CSoundEffectChain::build(IDirectSoundBuffer8& buffer) const {
         }
         return;
     }
-    std::array<DSEFFECTDESC, EffectCount> wanted = {};
-    std::array<DWORD, EffectCount> results = {};
+    std::array<DSEFFECTDESC, MaxCount> wanted = {};
+    std::array<DWORD, MaxCount> results = {};
     for (std::size_t i = 0; i < Effects.size(); ++i) {
         wanted[i].dwSize = sizeof(wanted[i]);
         wanted[i].guidDSFXClass = Effects[i].effectClass;
@@ -105,7 +104,7 @@ void CSoundEffectChain::build(IDirectSoundBuffer8& buffer) const {
 }
 
 void CSoundEffectChain::push(IDirectSoundBuffer8& buffer, const SoundEffectParameters& parameters) {
-    Descriptions[parameters.index()].push(buffer, parameters);
+    std::visit([&](const auto& block) { pushTo(buffer, block); }, parameters);
 }
 
 } // namespace sn_internal

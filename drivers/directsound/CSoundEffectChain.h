@@ -39,6 +39,8 @@ public:
     static void push(IDirectSoundBuffer8& buffer, const SoundEffectParameters& parameters);
 
 private:
+    static constexpr std::size_t MaxCount = std::variant_size_v<SoundEffectParameters>;
+
     std::vector<SRunningSoundEffect> Effects; ///< at most one of each class
 };
 
