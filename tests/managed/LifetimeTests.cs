@@ -4,7 +4,6 @@
 using System;
 using System.Collections.Generic;
 using System.Diagnostics;
-using System.IO;
 using System.Linq;
 using System.Threading;
 using System.Threading.Tasks;
@@ -15,20 +14,16 @@ namespace Sonimbra.Tests {
 
 /// <summary>Who keeps whom, and what happens when nobody does any more.</summary>
 public class LifetimeTests {
-    /// <summary>Never has a file. The engine keeps it for its life, which it shows.</summary>
-    private sealed class Witness : IFileFactory {
-        public Stream openFile(string filename) => null;
-    }
-
     private readonly List<WeakReference> watched = new List<WeakReference>();
 
     [SetUp]
     public void Forget() => watched.Clear();
 
+    /// <summary>The engine keeps a factory for its life, which that one shows.</summary>
     private ISoundEngine Watch(ISoundEngine engine) {
-        var witness = new Witness();
-        engine.AddFileFactory(witness);
-        watched.Add(new WeakReference(witness));
+        var factory = new Factory(name => null);
+        engine.AddFileFactory(factory);
+        watched.Add(new WeakReference(factory));
         return engine;
     }
 

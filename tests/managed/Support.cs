@@ -3,6 +3,7 @@
 
 using System;
 using System.Collections.Generic;
+using System.IO;
 using System.Linq;
 using System.Threading;
 using NUnit.Framework;
@@ -81,6 +82,12 @@ internal static class Support {
         thread.Start();
         thread.Join();
     }
+}
+
+internal sealed class Factory : IFileFactory {
+    private readonly Func<string, Stream> open;
+    public Factory(Func<string, Stream> open) => this.open = open;
+    public Stream openFile(string filename) => open(filename);
 }
 
 /// <summary>Collects stop events as texts.</summary>
