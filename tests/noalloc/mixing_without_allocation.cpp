@@ -1,7 +1,8 @@
 // Copyright (c) 2026 The Sonimbra developers
 // SPDX-License-Identifier: Zlib
 
-/// What runs in real time allocates nothing: not the mixing, not the update cycle.
+/// What runs in real time allocates nothing: not the mixing, not the update cycle. Starting a sound
+/// of samples that are there takes a handful.
 
 #include "tests/noalloc/allocation_count.h"
 #include "tests/support/mixer_recording.h"
@@ -81,6 +82,22 @@ TEST(NoAllocation, UpdateCycles) {
     }
     EXPECT_EQ(0, count.get());
     EXPECT_EQ(1, scene.receiver.stopEvents);
+}
+
+std::int64_t allocationsIn(const std::function<void()>& action) {
+    const CAllocationCount count;
+    action();
+    return count.get();
+}
+
+TEST(NoAllocation, StartsOfSounds) {
+    const OfflineEngine engine = offlineEngine();
+    sonimbra::ISoundSource* source = addSquareWave(*engine.get(), "wave", 100);
+    for (const bool looped : {false, true}) {
+        playTracked(*engine.get(), source, looped);
+        EXPECT_GE(4, allocationsIn([&] { engine->play2D(source, looped); }));
+        EXPECT_GE(4, allocationsIn([&] { engine->play3D("wave", vec3df(1, 2, 3), looped); }));
+    }
 }
 
 /// Makes the compiler believe that somebody needs the block.
