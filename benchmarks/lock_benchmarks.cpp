@@ -21,7 +21,7 @@ using std::chrono::duration_cast;
 using std::chrono::microseconds;
 using std::chrono::nanoseconds;
 
-constexpr std::int32_t CallCount = 20000;
+constexpr std::int32_t CallCount = 10000;
 constexpr std::chrono::duration<double, std::micro> LongestPause{1000};
 
 /// A block every 5.8 ms, like a driver.
