@@ -8,7 +8,7 @@ import sys
 
 import benchmark_runs
 
-WIDTH, HEIGHT = 720, 300  # of one chart with its title and legend
+WIDTH, HEIGHT = 900, 300  # of one chart with its title and legend
 LEFT, RIGHT, TOP, BOTTOM = 70, 170, 40, 45
 COLOURS = ["#0b6e99", "#4fa3c7", "#9fcfe5", "#7f7f7f", "#f2a65a", "#c8553d", "#6b4c9a"]
 
@@ -83,9 +83,12 @@ class LogScale:
         share = (math.log10(value) - self.low) / (self.high - self.low)
         return self.begin + share * (self.end - self.begin)
 
-    def powers(self):
-        first, last = math.ceil(self.low - 1e-9), math.floor(self.high + 1e-9)
-        return [10.0**power for power in range(first, last + 1)]
+    def marks(self):
+        """Round values: powers of ten, and others between them when there are few."""
+        powers = [10.0**power for power in range(math.floor(self.low), math.ceil(self.high) + 1)]
+        factors = [1, 2, 5] if self.high - self.low < 2 else [1]
+        marks = [factor * power for power in powers for factor in factors]
+        return [mark for mark in marks if self.low <= math.log10(mark) <= self.high]
 
 
 def draw_bars(drawing, title, groups, names):
@@ -117,7 +120,7 @@ def draw_curves(drawing, title, curves, numbers_label):
     values = [value for curve in curves.values() for value in curve.values()]
     across = LogScale(numbers, LEFT, WIDTH - RIGHT)
     up = LogScale([0.8 * min(values), max(values)], drawing.base, drawing.top + TOP)
-    for value in up.powers():
+    for value in up.marks():
         drawing.grid_line(up.place(value), f"{value:g}")
     for number in numbers:
         drawing.text(across.place(number), drawing.base + 16, number)
