@@ -3,8 +3,6 @@
 
 #include "drivers/directsound/CSonimbraDS8Sound.h"
 
-#include "core/no_throw.h"
-
 namespace sn_internal {
 namespace {
 
@@ -37,18 +35,16 @@ IDirectSoundBuffer8& CSonimbraDS8Sound::getEffectBuffer() const {
 }
 
 bool CSonimbraDS8Sound::enable(const SoundEffectParameters& parameters) {
-    return withoutExceptions(false, [&] {
-        const CScopedLock lock(getLock());
-        if (!isPlayable()) {
-            return false;
-        }
-        if (Effects.put(parameters)) {
-            rebuildEffects();
-        } else {
-            CSoundEffectChain::push(getEffectBuffer(), parameters);
-        }
-        return true;
-    });
+    const CScopedLock lock(getLock());
+    if (!isPlayable()) {
+        return false;
+    }
+    if (Effects.put(parameters)) {
+        rebuildEffects();
+    } else {
+        CSoundEffectChain::push(getEffectBuffer(), parameters);
+    }
+    return true;
 }
 
 void CSonimbraDS8Sound::disable(REFGUID effectClass) {

@@ -62,27 +62,28 @@ auto isOf(REFGUID effectClass) {
 
 bool CSoundEffectChain::put(const SoundEffectParameters& parameters) {
     const GUID& effectClass = classOf(parameters);
-    const auto found = std::find_if(Effects.begin(), Effects.end(), isOf(effectClass));
-    if (found != Effects.end()) {
-        found->parameters = parameters;
-        return false;
-    }
-    Effects.push_back({effectClass, parameters});
-    return true;
+    const auto end = Effects.begin() + Count;
+    const auto found = std::find_if(Effects.begin(), end, isOf(effectClass));
+    *found = {effectClass, parameters}; // there is room for every class
+    Count += found == end ? 1 : 0;
+    return found == end;
 }
 
 bool CSoundEffectChain::remove(REFGUID effectClass) {
-    return std::erase_if(Effects, isOf(effectClass)) > 0;
+    const auto end = Effects.begin() + Count;
+    const bool isHeld = std::remove_if(Effects.begin(), end, isOf(effectClass)) != end;
+    Count -= isHeld ? 1 : 0;
+    return isHeld;
 }
 
 bool CSoundEffectChain::holds(REFGUID effectClass) const {
-    return std::any_of(Effects.begin(), Effects.end(), isOf(effectClass));
+    return std::any_of(Effects.begin(), Effects.begin() + Count, isOf(effectClass));
 }
 
 void CSoundEffectChain::build(IDirectSoundBuffer8& buffer) const {
     CComApartment apartment; // DirectSound makes the effects on this thread, which may be any
     apartment.enter();
-    if (Effects.empty()) {
+    if (Count == 0) {
         if (FAILED(buffer.SetFX(0, nullptr, nullptr))) {
             logText("Could not disable effects");
         }
@@ -90,16 +91,16 @@ void CSoundEffectChain::build(IDirectSoundBuffer8& buffer) const {
     }
     std::array<DSEFFECTDESC, MaxCount> wanted = {};
     std::array<DWORD, MaxCount> results = {};
-    for (std::size_t i = 0; i < Effects.size(); ++i) {
+    for (std::size_t i = 0; i < Count; ++i) {
         wanted[i].dwSize = sizeof(wanted[i]);
         wanted[i].guidDSFXClass = Effects[i].effectClass;
     }
-    if (FAILED(buffer.SetFX(static_cast<DWORD>(Effects.size()), wanted.data(), results.data()))) {
+    if (FAILED(buffer.SetFX(static_cast<DWORD>(Count), wanted.data(), results.data()))) {
         logText("Could not set effects");
         return;
     }
-    for (const SRunningSoundEffect& effect : Effects) {
-        push(buffer, effect.parameters);
+    for (std::size_t i = 0; i < Count; ++i) {
+        push(buffer, Effects[i].parameters);
     }
 }
 

@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <variant>
-#include <vector>
 
 #include <dsound.h>
 
@@ -29,7 +30,7 @@ public:
 
     /// Tells whether the effect was there.
     bool remove(REFGUID effectClass);
-    void clear() { Effects.clear(); }
+    void clear() { Count = 0; }
     bool holds(REFGUID effectClass) const;
 
     /// Puts exactly these effects into the path of a buffer, which must not be playing.
@@ -41,7 +42,8 @@ public:
 private:
     static constexpr std::size_t MaxCount = std::variant_size_v<SoundEffectParameters>;
 
-    std::vector<SRunningSoundEffect> Effects; ///< at most one of each class
+    std::array<SRunningSoundEffect, MaxCount> Effects = {}; ///< at most one of each class
+    std::size_t Count = 0;
 };
 
 } // namespace sn_internal
