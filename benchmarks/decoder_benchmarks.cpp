@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Zlib
 
 // What the streams cost beside the libraries that decode: a minute of sound through the stream and
-// by the library's own calls, in blocks of the same size, and how often opening a module reaches
-// the application's file reader.
+// by the library's own calls, in blocks of the same size; what opening one costs; and how often
+// opening a module reaches the application's file reader.
 
 #include "benchmarks/tone.h"
 #include "io/CMemoryReadFile.h"
@@ -151,6 +151,55 @@ BENCHMARK(oggByLibrary)->Apply(blockSizes);
 BENCHMARK(oggByStream)->Apply(blockSizes);
 BENCHMARK(moduleByLibrary)->Apply(blockSizes);
 BENCHMARK(moduleByStream)->Apply(blockSizes);
+
+template <class TLoader>
+void openByStream(benchmark::State& state, const Bytes& bytes) {
+    TLoader loader(nullptr);
+    for (auto _ : state) {
+        const TOwned<sonimbra::IFileReader> file(new sn_internal::io::CMemoryReadFile(
+            bytes.data(), static_cast<std::int32_t>(bytes.size()), "minute", false));
+        const TOwned<sonimbra::IAudioStream> stream(loader.createAudioStream(file.get()));
+        benchmark::DoNotOptimize(stream.get());
+    }
+}
+
+void openOggByStream(benchmark::State& state) {
+    openByStream<sn_internal::CSonimbraAudioStreamLoaderOGG>(state, oggMinute());
+}
+
+void openOggByLibrary(benchmark::State& state) {
+    const Bytes& bytes = oggMinute();
+    for (auto _ : state) {
+        SMemory memory{bytes};
+        OggVorbis_File file;
+        ov_open_callbacks(&memory, &file, nullptr, 0,
+                          {readMemory, seekMemory, nullptr, tellMemory});
+        benchmark::DoNotOptimize(ov_pcm_total(&file, -1));
+        ov_clear(&file);
+    }
+}
+
+void openModuleByStream(benchmark::State& state) {
+    openByStream<sn_internal::CSonimbraAudioStreamLoaderMOD>(state, moduleMinute());
+}
+
+/// DUMB reads the module and runs through it once, for its length.
+void openModuleByLibrary(benchmark::State& state) {
+    const Bytes& bytes = moduleMinute();
+    for (auto _ : state) {
+        DUMBFILE* const file = dumbfile_open_memory(reinterpret_cast<const char*>(bytes.data()),
+                                                    static_cast<long>(bytes.size()));
+        DUH* const duh = dumb_read_it(file);
+        dumbfile_close(file);
+        benchmark::DoNotOptimize(duh_get_length(duh));
+        unload_duh(duh);
+    }
+}
+
+BENCHMARK(openOggByLibrary);
+BENCHMARK(openOggByStream);
+BENCHMARK(openModuleByLibrary);
+BENCHMARK(openModuleByStream);
 
 /// Opens a module with a long sample, 64 KiB, and counts what reaches the application's reader.
 void openModule(benchmark::State& state, Bytes (*write)(const sn_test::SModule&)) {
