@@ -133,7 +133,8 @@ bool CSonimbraDS8Sound::isEchoSoundEffectEnabled() {
 bool CSonimbraDS8Sound::enableFlangerSoundEffect(float fWetDryMix, float fDepth, float fFeedback,
                                                  float fFrequency, bool triangleWaveForm,
                                                  float fDelay, std::int32_t lPhase) {
-    return enable(DSFXFlanger{fWetDryMix, fDepth, fFeedback, fFrequency, triangleWaveForm ? 1 : 0,
+    return enable(DSFXFlanger{fWetDryMix, fDepth, fFeedback, fFrequency,
+                              triangleWaveForm ? DSFXFLANGER_WAVE_SIN : DSFXFLANGER_WAVE_TRIANGLE,
                               fDelay, lPhase});
 }
 void CSonimbraDS8Sound::disableFlangerSoundEffect() {
@@ -144,9 +145,9 @@ bool CSonimbraDS8Sound::isFlangerSoundEffectEnabled() {
 }
 
 bool CSonimbraDS8Sound::enableGargleSoundEffect(std::int32_t rateHz, bool sinusWaveForm) {
-    return enable(
-        DSFXGargle{static_cast<DWORD>(rateHz),
-                   DWORD(sinusWaveForm ? DSFXGARGLE_WAVE_TRIANGLE : DSFXGARGLE_WAVE_SQUARE)});
+    return enable(DSFXGargle{
+        static_cast<DWORD>(rateHz),
+        static_cast<DWORD>(sinusWaveForm ? DSFXGARGLE_WAVE_TRIANGLE : DSFXGARGLE_WAVE_SQUARE)});
 }
 void CSonimbraDS8Sound::disableGargleSoundEffect() {
     disable(GUID_DSFX_STANDARD_GARGLE);

@@ -37,6 +37,8 @@ EFFECT(WavesReverb, GUID_DSFX_WAVES_REVERB);
 
 #undef EFFECT
 
+static_assert(sizeof(DWORD_PTR) != 4 || sizeof(DSEFFECTDESC) == 32); // else longer
+
 const GUID& classOf(const SoundEffectParameters& parameters) {
     return std::visit([]<class T>(const T&) -> const GUID& { return SEffect<T>::Class; },
                       parameters);
