@@ -89,7 +89,7 @@ com_ptr<IDirectSoundBuffer> CDirectSoundSound::usable(com_ptr<IDirectSoundBuffer
     if (!created || Generation.bufferInterface == nullptr) {
         return created;
     }
-    com_ptr<IDirectSoundBuffer> wanted; // IDirectSoundBuffer8 derives from it
+    com_ptr<IDirectSoundBuffer> wanted; // IDirectSoundBuffer8 begins like the older one
     if (FAILED(created->QueryInterface(*Generation.bufferInterface, wanted.putVoid()))) {
         wanted.reset();
     }

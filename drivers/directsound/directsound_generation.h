@@ -14,7 +14,7 @@ namespace sn_internal {
 struct SDirectSoundGeneration {
     const char* driverName;
     const CLSID& deviceClass;
-    const IID& deviceInterface; ///< derives from IDirectSound
+    const IID& deviceInterface; ///< begins like IDirectSound
     const IID* bufferInterface; ///< to ask new buffers for; null: use them as they come
     bool hasEffects;
     counted_ptr<CDirectSoundDeviceList> (*createDeviceList)();
