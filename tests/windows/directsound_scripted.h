@@ -100,7 +100,7 @@ inline Sound playWithEffects(sonimbra::ISoundEngine& engine, EStorage storage, b
 using Effects = sonimbra::ISoundEffectControl;
 
 /// An effect: enabled as it comes and with other values, and what DirectSound gets for either.
-const struct SEffectKind {
+inline const struct SEffectKind {
     const GUID &effectClass, &control;
     const char *name, *defaults, *values;
     bool (*enable)(Effects&), (*change)(Effects&);
@@ -193,7 +193,8 @@ struct SScriptedBuffer final : SScriptedObject {
     NOTES(Unlock, (void*, DWORD first, void*, DWORD second), first, second);
     DOES(Restore, (), (Loss = DS_OK, note("Restore")));
     virtual HRESULT WINAPI SetFX(DWORD count, const DSEFFECTDESC* wanted, DWORD* results) {
-        EXPECT_EQ(count > 0, wanted != nullptr && results != nullptr);
+        EXPECT_EQ(count > 0, wanted != nullptr);
+        EXPECT_EQ(count > 0, results != nullptr);
         std::string call = "SetFX";
         for (const DSEFFECTDESC& effect : std::span(wanted, count)) {
             EXPECT_EQ(sizeof(effect), effect.dwSize);
