@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Zlib
 
 // What the streams cost beside the libraries that decode: a minute of sound through the stream and
-// by the library's own calls, in blocks of the same size; what opening one costs; and how often
-// opening a module reaches the application's file reader.
+// by the library's own calls, in blocks of the same size; what the way to its first block costs;
+// and how often opening a module reaches the application's file reader.
 
 #include "benchmarks/tone.h"
 #include "io/CMemoryReadFile.h"
@@ -99,47 +99,65 @@ long tellMemory(void* source) {
     return static_cast<long>(static_cast<SMemory*>(source)->position);
 }
 
+ov_callbacks memoryCallbacks() {
+    return {readMemory, seekMemory, nullptr, tellMemory};
+}
+
+std::int32_t readOgg(OggVorbis_File& file, std::int16_t* target, std::int32_t frames) {
+    const std::int32_t wanted = 4 * frames;
+    std::int32_t done = 0;
+    int link = 0;
+    while (done < wanted) {
+        const long got =
+            ov_read(&file, reinterpret_cast<char*>(target) + done, wanted - done, 0, 2, 1, &link);
+        if (got <= 0) {
+            break;
+        }
+        done += static_cast<std::int32_t>(got);
+    }
+    return done / 4;
+}
+
 void oggByLibrary(benchmark::State& state) {
     SMemory memory{oggMinute()};
     OggVorbis_File file;
-    ov_open_callbacks(&memory, &file, nullptr, 0, {readMemory, seekMemory, nullptr, tellMemory});
-    const auto read = [&](std::int16_t* target, std::int32_t frames) {
-        const std::int32_t wanted = 4 * frames;
-        std::int32_t done = 0;
-        int link = 0;
-        while (done < wanted) {
-            const long got = ov_read(&file, reinterpret_cast<char*>(target) + done, wanted - done,
-                                     0, 2, 1, &link);
-            if (got <= 0) {
-                break;
-            }
-            done += static_cast<std::int32_t>(got);
-        }
-        return done / 4;
-    };
+    ov_open_callbacks(&memory, &file, nullptr, 0, memoryCallbacks());
     decodeAll(
-        state, [&] { ov_pcm_seek(&file, 0); }, read);
+        state, [&] { ov_pcm_seek(&file, 0); },
+        [&](std::int16_t* target, std::int32_t frames) { return readOgg(file, target, frames); });
     ov_clear(&file);
 }
 
-void moduleByLibrary(benchmark::State& state) {
-    const Bytes& bytes = moduleMinute();
+DUH* readModule(const Bytes& bytes) {
     DUMBFILE* const file = dumbfile_open_memory(reinterpret_cast<const char*>(bytes.data()),
                                                 static_cast<long>(bytes.size()));
     DUH* const duh = dumb_read_it(file);
     dumbfile_close(file);
+    return duh;
+}
+
+DUH_SIGRENDERER* startModule(DUH* duh) {
+    DUH_SIGRENDERER* const renderer = duh_start_sigrenderer(duh, 0, 2, 0);
+    dumb_it_set_loop_callback(
+        duh_get_it_sigrenderer(renderer), [](void*) { return -1; }, nullptr);
+    return renderer;
+}
+
+std::int32_t renderModule(DUH_SIGRENDERER* renderer, std::int16_t* target, std::int32_t frames) {
+    return static_cast<std::int32_t>(
+        duh_render(renderer, 16, 0, 1.0f, 65536.0f / Rate, frames, target));
+}
+
+void moduleByLibrary(benchmark::State& state) {
+    DUH* const duh = readModule(moduleMinute());
     DUH_SIGRENDERER* renderer = nullptr;
     const auto rewind = [&] {
         duh_end_sigrenderer(renderer);
-        renderer = duh_start_sigrenderer(duh, 0, 2, 0);
-        dumb_it_set_loop_callback(
-            duh_get_it_sigrenderer(renderer), [](void*) { return -1; }, nullptr);
+        renderer = startModule(duh);
     };
-    const auto read = [&](std::int16_t* target, std::int32_t frames) {
-        return static_cast<std::int32_t>(
-            duh_render(renderer, 16, 0, 1.0f, 65536.0f / Rate, frames, target));
-    };
-    decodeAll(state, rewind, read);
+    decodeAll(state, rewind, [&](std::int16_t* target, std::int32_t frames) {
+        return renderModule(renderer, target, frames);
+    });
     duh_end_sigrenderer(renderer);
     unload_duh(duh);
 }
@@ -152,14 +170,18 @@ BENCHMARK(oggByStream)->Apply(blockSizes);
 BENCHMARK(moduleByLibrary)->Apply(blockSizes);
 BENCHMARK(moduleByStream)->Apply(blockSizes);
 
+constexpr std::int32_t FirstBlock = 4096;
+
+/// Opens a minute and reads its first block.
 template <class TLoader>
 void openByStream(benchmark::State& state, const Bytes& bytes) {
     TLoader loader(nullptr);
+    std::vector<std::int16_t> target(2 * FirstBlock);
     for (auto _ : state) {
         const TOwned<sonimbra::IFileReader> file(new sn_internal::io::CMemoryReadFile(
             bytes.data(), static_cast<std::int32_t>(bytes.size()), "minute", false));
         const TOwned<sonimbra::IAudioStream> stream(loader.createAudioStream(file.get()));
-        benchmark::DoNotOptimize(stream.get());
+        benchmark::DoNotOptimize(stream->readFrames(target.data(), FirstBlock));
     }
 }
 
@@ -169,12 +191,12 @@ void openOggByStream(benchmark::State& state) {
 
 void openOggByLibrary(benchmark::State& state) {
     const Bytes& bytes = oggMinute();
+    std::vector<std::int16_t> target(2 * FirstBlock);
     for (auto _ : state) {
         SMemory memory{bytes};
         OggVorbis_File file;
-        ov_open_callbacks(&memory, &file, nullptr, 0,
-                          {readMemory, seekMemory, nullptr, tellMemory});
-        benchmark::DoNotOptimize(ov_pcm_total(&file, -1));
+        ov_open_callbacks(&memory, &file, nullptr, 0, memoryCallbacks());
+        benchmark::DoNotOptimize(readOgg(file, target.data(), FirstBlock));
         ov_clear(&file);
     }
 }
@@ -186,12 +208,12 @@ void openModuleByStream(benchmark::State& state) {
 /// DUMB reads the module and runs through it once, for its length.
 void openModuleByLibrary(benchmark::State& state) {
     const Bytes& bytes = moduleMinute();
+    std::vector<std::int16_t> target(2 * FirstBlock);
     for (auto _ : state) {
-        DUMBFILE* const file = dumbfile_open_memory(reinterpret_cast<const char*>(bytes.data()),
-                                                    static_cast<long>(bytes.size()));
-        DUH* const duh = dumb_read_it(file);
-        dumbfile_close(file);
-        benchmark::DoNotOptimize(duh_get_length(duh));
+        DUH* const duh = readModule(bytes);
+        DUH_SIGRENDERER* const renderer = startModule(duh);
+        benchmark::DoNotOptimize(renderModule(renderer, target.data(), FirstBlock));
+        duh_end_sigrenderer(renderer);
         unload_duh(duh);
     }
 }
