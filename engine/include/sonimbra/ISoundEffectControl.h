@@ -11,20 +11,28 @@ namespace sonimbra {
 ///
 /// Only the DirectSound8 driver has effects; with the other drivers there is no such object. It
 /// belongs to the sound and lives as long as the sound does: never delete it. The sound has to be
-/// played with enableSoundEffects.
+/// played with enableSoundEffects and, unless it is streamed, has to last 150 ms at least: for a
+/// shorter one DirectSound makes no buffer that takes effects, and it does not play at all.
 ///
 /// Each enable operation switches the effect on or, when it is on already, gives it other
 /// parameters. Effects are applied in the order in which they were switched on. Switching one on or
-/// off stops the sound for a moment and goes on at the same place; other parameters do not
-/// interrupt it. A paused sound stays paused.
+/// off stops the sound for a moment and goes on at the same place, and so does disableAllEffects
+/// even if none is on; other parameters do not interrupt it. A paused sound stays paused.
 ///
-/// Enable operations return false only when the sound has ended or memory ran out. What DirectSound
-/// refuses is told in the log alone: "Could not set effects", or "Could not disable effects" when
-/// none was left to set. That happens to a sound that was played without enableSoundEffects, and on
-/// systems that lack an effect; DirectSound takes all effects of a sound or none. The operation
-/// returns true all the same, and the effect counts as enabled. Parameters are handed on as they
-/// are: those outside their range are DirectSound's to refuse, without a message. The disable
-/// operations do nothing for an effect that is off. When the sound ends, all its effects are off.
+/// Enable operations return false only when the sound has no buffer, and change nothing then: it
+/// has ended or was stopped, its source was removed, its engine is gone, or its buffer could not be
+/// made. When the sound ends, all its effects are off. The disable operations do nothing for an
+/// effect that is off.
+///
+/// What DirectSound refuses is told in the log alone: "Could not set effects", or "Could not
+/// disable effects" when none was left to set. That happens to a sound that was played without
+/// enableSoundEffects, and on systems that lack an effect. The operation returns true all the same,
+/// and the effect counts as enabled. DirectSound takes all effects of a sound or none: one that it
+/// refuses has every later one refused with it, until it is disabled.
+///
+/// Parameters are handed on as they are: those outside their range are DirectSound's to refuse,
+/// without a message. The effect then goes on with those that it had, but the refused ones are
+/// kept, and handed on again whenever an effect is switched on or off.
 ///
 /// Frequencies are in Hz. Every operation takes the engine's lock and may be called from any
 /// thread.
@@ -135,7 +143,8 @@ public:
     virtual bool isI3DL2ReverbSoundEffectEnabled() = 0;
 
     /// Parametric equaliser: makes a band of frequencies louder or quieter.
-    ///   fCenter     middle of the band, 80 to 16000, but at most a third of the sound's rate
+    ///   fCenter     middle of the band, 80 to 16000, but at most a third of the sound's rate: for
+    ///               sounds below 24000 Hz the default is too high
     ///   fBandwidth  semitones, 1 to 36
     ///   fGain       decibels, -15 to 15
     virtual bool enableParamEqSoundEffect(float fCenter = 8000, float fBandwidth = 12,

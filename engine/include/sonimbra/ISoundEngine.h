@@ -34,7 +34,8 @@ public:
     ///   looped              starts over at the end
     ///   startPaused         the sound waits for setIsPaused(false)
     ///   track               return the sound
-    ///   enableSoundEffects  DirectSound8: makes the sound able to take effects
+    ///   enableSoundEffects  DirectSound8: makes the sound able to take effects. Such a sound does
+    ///                       not play if it is shorter than 150 ms and not streamed
     virtual ISound* play2D(ISoundSource* source, bool looped = false, bool startPaused = false,
                            bool track = false, bool enableSoundEffects = false) = 0;
 
