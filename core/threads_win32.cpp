@@ -61,13 +61,17 @@ bool startThread(IThread* thread, std::uintptr_t userData, std::uint32_t priorit
     if (handle == nullptr) {
         return false;
     }
-    start.release(); // the new thread owns it
     if (supportsThreadPriorities()) {
         SetThreadPriority(handle, systemPriority(priority));
     }
-    ResumeThread(handle);
+    const bool isRunning = ResumeThread(handle) != static_cast<DWORD>(-1);
+    if (isRunning) {
+        start.release(); // the new thread owns it, and may have freed it
+    } else {
+        TerminateThread(handle, 0); // it has not begun, so it holds nothing
+    }
     CloseHandle(handle);
-    return true;
+    return isRunning;
 }
 
 } // namespace sn_internal
