@@ -18,7 +18,7 @@ const DWORD PollingInterval = 2; // milliseconds
 // 32-bit Windows knows the record at this size; 64-bit Windows at a larger one.
 static_assert(sizeof(void*) != 4 || sizeof(DSCBUFFERDESC) == 28);
 
-/// Absurd values are cut to the record's fields, and then for the device to refuse.
+/// Channel counts that the record's fields cannot hold are cut: see holdsChannels.
 WAVEFORMATEX captureFormat(std::int32_t sampleRate, E_SAMPLE_FORMAT sampleFormat,
                            std::int32_t channelCount) {
     WAVEFORMATEX format = {};
@@ -29,6 +29,12 @@ WAVEFORMATEX captureFormat(std::int32_t sampleRate, E_SAMPLE_FORMAT sampleFormat
     format.nBlockAlign = static_cast<WORD>(format.wBitsPerSample / 8 * format.nChannels);
     format.nAvgBytesPerSec = format.nBlockAlign * format.nSamplesPerSec;
     return format;
+}
+
+/// A device would not see that it is asked for less than the caller wants.
+bool holdsChannels(const WAVEFORMATEX& format, std::int32_t channelCount) {
+    return format.nChannels == channelCount &&
+           format.nBlockAlign == format.nChannels * (format.wBitsPerSample / 8);
 }
 
 } // namespace
@@ -74,7 +80,7 @@ bool CDirectSoundRecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FORM
     beginFormat(channelCount, sampleRate,
                 format.wBitsPerSample == 8 ? E_SAMPLE_FORMAT::Unsigned8Bit
                                            : E_SAMPLE_FORMAT::Signed16Bit);
-    if (!createBuffer(format)) {
+    if (!holdsChannels(format, channelCount) || !createBuffer(format)) {
         return false;
     }
     const bool isStarted = startCapture();
