@@ -47,19 +47,21 @@ bool CSonimbraALSARecorder::probeDevice() {
     return !reportError("Could not open ALSA capture device", device.open(PCMName.c_str()));
 }
 
-/// A start that fails leaves a format with the frames that there are, like a stop.
 bool CSonimbraALSARecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FORMAT sampleFormat,
                                            std::int32_t channelCount) {
+    if (!IsInitialized || isDelivering()) {
+        return false;
+    }
     stopRecordingAudio();
     const bool is16Bit = sampleFormat == E_SAMPLE_FORMAT::Signed16Bit;
     beginFormat(channelCount, sampleRate,
                 is16Bit ? E_SAMPLE_FORMAT::Signed16Bit : E_SAMPLE_FORMAT::Unsigned8Bit);
-    const bool hasStarted = IsInitialized && isRecordable(getAudioFormat()) &&
+    const bool hasStarted = isRecordable(getAudioFormat()) &&
                             withoutExceptions(false, [this] { return openDevice(); }) &&
                             startCaptureThread();
     if (!hasStarted) {
         Device.close();
-        endFormat();
+        restoreFormat();
     }
     return hasStarted;
 }
@@ -85,7 +87,7 @@ bool CSonimbraALSARecorder::startCaptureThread() {
 }
 
 void CSonimbraALSARecorder::stopRecordingAudio() {
-    if (!Device.isOpen()) {
+    if (!Device.isOpen() || isDelivering()) {
         return;
     }
     Device.interrupt();

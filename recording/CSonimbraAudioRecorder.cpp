@@ -7,6 +7,8 @@
 
 #include <sonimbra/ISoundEngine.h>
 
+#include <utility>
+
 namespace sn_internal {
 
 using sonimbra::E_SAMPLE_FORMAT;
@@ -32,13 +34,18 @@ bool CSonimbraAudioRecorder::startRecordingWithReceiver(IAudioRecorderReceiver* 
     return receiver != nullptr && startAfresh(receiver, sampleRate, sampleFormat, channelCount);
 }
 
-/// Stops first: the capture thread uses what is exchanged here.
+/// Stops first: the capture thread uses what is exchanged here. The receiver before goes before the
+/// start, so that what it holds is free by then.
 bool CSonimbraAudioRecorder::startAfresh(IAudioRecorderReceiver* receiver, std::int32_t sampleRate,
                                          E_SAMPLE_FORMAT sampleFormat, std::int32_t channelCount) {
+    if (isDelivering()) {
+        return false;
+    }
     auto next = counted_ptr<IAudioRecorderReceiver>::share(receiver);
     stopRecordingAudio();
     RecordedData.clear();
-    Receiver = std::move(next);
+    std::swap(Receiver, next);
+    next.reset();
     return withoutExceptions(
         false, [&] { return startRecording(sampleRate, sampleFormat, channelCount); });
 }
@@ -60,15 +67,24 @@ void CSonimbraAudioRecorder::clearRecordedAudioDataBuffer() {
 }
 
 void* CSonimbraAudioRecorder::getRecordedAudioData() {
-    return isRecording() || RecordedData.size() == 0 ? nullptr : RecordedData.data();
+    return isRecording() ? nullptr : RecordedData.data();
 }
 
 void CSonimbraAudioRecorder::beginFormat(std::int32_t channelCount, std::int32_t sampleRate,
                                          E_SAMPLE_FORMAT sampleFormat) {
+    FormatBefore = Format;
     Format.ChannelCount = channelCount;
     Format.FrameCount = -1;
     Format.SampleRate = sampleRate;
     Format.SampleFormat = sampleFormat;
+}
+
+void CSonimbraAudioRecorder::restoreFormat() {
+    if (RecordedData.size() > 0) {
+        Format = FormatBefore;
+    } else {
+        Format.FrameCount = 0;
+    }
 }
 
 void CSonimbraAudioRecorder::endFormat() {
@@ -82,8 +98,10 @@ void CSonimbraAudioRecorder::onAudioDataCaptured(const void* data, std::uint32_t
         RecordedData.append(data, byteCount);
         return;
     }
+    DeliveringThread = std::this_thread::get_id();
     withoutExceptions(
         [&] { Receiver->OnAudioDataRecorded(data, static_cast<std::int32_t>(byteCount)); });
+    DeliveringThread = std::thread::id();
 }
 
 } // namespace sn_internal

@@ -8,6 +8,9 @@
 
 #include <sonimbra/IAudioRecorder.h>
 
+#include <atomic>
+#include <thread>
+
 namespace sonimbra {
 class ISoundEngine;
 }
@@ -34,9 +37,16 @@ protected:
     explicit CSonimbraAudioRecorder(sonimbra::ISoundEngine* engine);
     ~CSonimbraAudioRecorder() override;
 
+    /// Whether this is a call from inside the receiver: a back end neither starts nor stops then,
+    /// as both wait for the thread that delivers.
+    bool isDelivering() const { return DeliveringThread == std::this_thread::get_id(); }
+
     /// For a start: the format of what is captured from now on, without a length.
     void beginFormat(std::int32_t channelCount, std::int32_t sampleRate,
                      sonimbra::E_SAMPLE_FORMAT sampleFormat);
+
+    /// For a start that fails after beginFormat: what was recorded before gets its format back.
+    void restoreFormat();
 
     /// For the end of a stop, after the last block: counts the frames.
     void endFormat();
@@ -52,6 +62,8 @@ private:
     sonimbra::SAudioStreamFormat Format;
     CRecordedData RecordedData;
     counted_ptr<sonimbra::ISoundEngine> Engine;
+    sonimbra::SAudioStreamFormat FormatBefore;       ///< that beginFormat replaced
+    std::atomic<std::thread::id> DeliveringThread{}; ///< which is inside the receiver; or none
 };
 
 } // namespace sn_internal

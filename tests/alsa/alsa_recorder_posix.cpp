@@ -22,10 +22,14 @@ const char* const StartCalls = "open:x any access:3 format:2 channels:2 rate:100
 
 struct SBlocks : sonimbra::IAudioRecorderReceiver {
     void OnAudioDataRecorded(const void* data, std::int32_t byteCount) override {
+        recorder->stopRecordingAudio(); // which does nothing here
+        EXPECT_FALSE(recorder->startRecording(1000, Format, 2));
+        EXPECT_FALSE(recorder->startRecordingBufferedAudio() || !recorder->isRecording());
         const auto* samples = static_cast<const std::int16_t*>(data);
         all.insert(all.end(), samples, samples + byteCount / 2);
         sizes.push_back(byteCount);
     }
+    sonimbra::IAudioRecorder* recorder = nullptr;
     Frames16 all;
     std::vector<std::int32_t> sizes;
 };
@@ -44,6 +48,7 @@ protected:
         Driver = offlineEngine(sonimbra::PrintDebugInfoToStdOut);
         Recording = Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
             Driver.get(), sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA, "x"));
+        Blocks->recorder = Recording.get();
         EXPECT_EQ("open:x free close ", journal());
     }
     bool start() { return Recording->startRecordingWithReceiver(Blocks.get(), 1000, Format, 2); }

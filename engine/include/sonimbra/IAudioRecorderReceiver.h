@@ -17,9 +17,11 @@ public:
     ///              unsigned 8-bit or signed 16-bit; the library's, and gone when the call returns
     ///   byteCount  bytes in data, above 0; about half a second of audio, less when stopping
     /// Return within half a second or less: what the device records meanwhile waits in a buffer of
-    /// one second, and is lost when that is full. Neither stop, start nor drop the recorder here:
-    /// that waits for the thread that this call is on. No lock is held. An exception thrown here
-    /// ends at the library.
+    /// one second, and is lost when that is full. Stops and starts of the recorder do nothing when
+    /// they are called from here (the starts return false), because they wait for the thread that
+    /// this call is on. Do not drop the recorder's last reference here, for the same reason, and do
+    /// not wait for a thread that stops, starts or drops it: that thread waits for this call. No
+    /// lock is held. An exception thrown here ends at the library.
     virtual void OnAudioDataRecorded(const void* data, std::int32_t byteCount) = 0;
 };
 
