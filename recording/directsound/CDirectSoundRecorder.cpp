@@ -72,7 +72,7 @@ void CDirectSoundRecorder::shutDown() {
 
 bool CDirectSoundRecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FORMAT sampleFormat,
                                           std::int32_t channelCount) {
-    if (!Device) {
+    if (!Device || isDelivering()) {
         return false;
     }
     stopRecordingAudio();
@@ -80,12 +80,11 @@ bool CDirectSoundRecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FORM
     beginFormat(channelCount, sampleRate,
                 format.wBitsPerSample == 8 ? E_SAMPLE_FORMAT::Unsigned8Bit
                                            : E_SAMPLE_FORMAT::Signed16Bit);
-    if (!holdsChannels(format, channelCount) || !createBuffer(format)) {
-        return false;
-    }
-    const bool isStarted = startCapture();
+    const bool isStarted =
+        holdsChannels(format, channelCount) && createBuffer(format) && startCapture();
     if (!isStarted) {
         release();
+        restoreFormat();
     }
     return isStarted;
 }
@@ -162,7 +161,7 @@ void CDirectSoundRecorder::run(const SThreadStart&) {
 
 /// Reads the rest after the thread has ended: what came in since the last notification.
 void CDirectSoundRecorder::stopRecordingAudio() {
-    if (!Buffer) {
+    if (!Buffer || isDelivering()) {
         return;
     }
     Buffer->Stop();
