@@ -32,19 +32,37 @@ CPlayingSounds::CList::iterator CPlayingSounds::reap(CList::iterator it) {
     return following;
 }
 
-void CPlayingSounds::reapAll() {
-    while (!Playing.empty()) {
-        reap(Playing.begin());
+CPlayingSounds::CList::iterator CPlayingSounds::mark(CList::iterator it) {
+    (*it)->markAsEnding();
+    HasMarked = true;
+    return ++it;
+}
+
+/// Letting go of a sound's stream may call the application as well, so this is a walk itself.
+template <class F>
+void CPlayingSounds::reapIf(F&& condition) {
+    const CWalk walk(*this);
+    for (auto it = Playing.begin(); it != Playing.end();) {
+        if (!condition(**it)) {
+            ++it;
+        } else {
+            it = Walks == 1 ? reap(it) : mark(it);
+        }
     }
 }
 
+void CPlayingSounds::reapAll() {
+    reapIf([](const CSonimbraSound&) { return true; });
+}
+
 void CPlayingSounds::reapSoundsOf(const sonimbra::ISoundSource* source) {
-    for (auto it = Playing.begin(); it != Playing.end();) {
-        if ((*it)->getAttachedSource() == source) {
-            it = reap(it);
-        } else {
-            ++it;
-        }
+    reapIf([source](const CSonimbraSound& sound) { return sound.getAttachedSource() == source; });
+}
+
+void CPlayingSounds::endWalk() {
+    if (--Walks == 0 && HasMarked) {
+        HasMarked = false;
+        reapIf([](const CSonimbraSound& sound) { return sound.isEnding(); });
     }
 }
 

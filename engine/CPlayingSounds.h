@@ -13,7 +13,8 @@ namespace sn_internal {
 /// to be delivered. Holds one reference on each. To be used with the engine's lock held.
 ///
 /// Receivers of stop events may do anything to the engine, so each pending sound is taken off its
-/// list before its event goes out.
+/// list before its event goes out. So may the decoders and files of the application, which are read
+/// while the playing sounds are walked: what ends then is only marked, and released after the walk.
 class CPlayingSounds {
 public:
     using CList = sonimbra::list<CSonimbraSound*>;
@@ -26,14 +27,28 @@ public:
     /// Takes over the caller's reference.
     void add(counted_ptr<CSonimbraSound> sound);
 
-    /// The playing sounds, to be walked only where nothing is started or stopped.
+    /// While it lives, no playing sound leaves the list and none is released; new ones come at its
+    /// end.
+    class CWalk {
+    public:
+        explicit CWalk(CPlayingSounds& sounds) : Sounds(sounds) { ++Sounds.Walks; }
+        ~CWalk() { Sounds.endWalk(); }
+        CWalk(const CWalk&) = delete;
+        CWalk& operator=(const CWalk&) = delete;
+
+    private:
+        CPlayingSounds& Sounds;
+    };
+
+    /// The playing sounds, to be walked under a CWalk, or where nothing is started or stopped.
     const CList& getPlaying() const { return Playing; }
 
     /// Whether a playing sound's source satisfies a condition.
     template <class F>
     bool contains(F&& condition) const {
         for (CSonimbraSound* sound : Playing) {
-            if (sound->isAttached() && condition(*sound->getAttachedSource())) {
+            if (sound->isAttached() && !sound->isEnding() &&
+                condition(*sound->getAttachedSource())) {
                 return true;
             }
         }
@@ -43,6 +58,7 @@ public:
     /// Releases the finished sounds and calls refresh(sound) for the others, in one walk.
     template <class F>
     void update(F&& refresh) {
+        const CWalk walk(*this);
         auto ahead = Playing.begin();
         for (std::int32_t i = 0; i < FetchDistance; ++i) {
             fetchNext(ahead);
@@ -50,7 +66,7 @@ public:
         for (auto it = Playing.begin(); it != Playing.end();) {
             fetchNext(ahead);
             if ((*it)->isOver()) {
-                it = reap(it);
+                it = Walks == 1 ? reap(it) : mark(it);
             } else {
                 refresh(**it);
                 ++it;
@@ -58,7 +74,7 @@ public:
         }
     }
 
-    /// Releases every sound, or every sound of one source.
+    /// Releases every sound, or every sound of one source; inside a walk, after it.
     void reapAll();
     void reapSoundsOf(const sonimbra::ISoundSource* source);
 
@@ -88,11 +104,17 @@ private:
         }
     }
 
+    template <class F>
+    void reapIf(F&& condition);
     CList::iterator reap(CList::iterator it);
+    CList::iterator mark(CList::iterator it);
+    void endWalk();
 
     CList Playing;
     CList Pending;
     std::int32_t RemovalCounter = 0;
+    std::int32_t Walks = 0;
+    bool HasMarked = false;
 };
 
 } // namespace sn_internal

@@ -61,7 +61,10 @@ public:
     bool isAttached() const { return Source != nullptr && Link->getEngine() != nullptr; }
     CSonimbraSoundSource* getAttachedSource() const { return Source; }
     /// What isFinished answers to the application.
-    bool isOver() { return !isAttached() || isBufferFinished(); }
+    bool isOver() { return !isAttached() || IsEnding || isBufferFinished(); }
+    /// The engine has ended it, and releases it when it has finished walking its sounds.
+    void markAsEnding() { IsEnding = true; }
+    bool isEnding() const { return IsEnding; }
     bool hasStopEventReceiver() const { return StopEventReceiver != nullptr; }
     void deliverStopEvent(bool removedWithSource);
     /// @}
@@ -105,6 +108,7 @@ private:
     bool Is3D = false;
     bool Looped;
     bool StoppedByUser = false;
+    bool IsEnding = false;
 };
 
 } // namespace sn_internal

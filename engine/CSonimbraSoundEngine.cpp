@@ -153,6 +153,8 @@ ISound* CSonimbraSoundEngine::play(ISoundSource* source, const vec3df* position,
 
 ISound* CSonimbraSoundEngine::start(CSonimbraSoundSource& source, const vec3df* position,
                                     const SPlayOptions& options) {
+    // Opening it may call the application, which may remove it.
+    const auto held = counted_ptr<CSonimbraSoundSource>::share(&source);
     const float maxDistance = source.getDefaultMaxDistance();
     const float minDistance = source.getDefaultMinDistance();
     auto sound = counted_ptr<CSonimbraSound>::adopt(static_cast<CSonimbraSound*>(
@@ -193,6 +195,7 @@ void CSonimbraSoundEngine::stopAllSounds() {
 
 void CSonimbraSoundEngine::setAllSoundsPaused(bool paused) {
     const CScopedLock lock(getLock());
+    const CPlayingSounds::CWalk walk(Sounds);
     for (CSonimbraSound* sound : Sounds.getPlaying()) {
         sound->setIsPaused(paused);
     }

@@ -121,6 +121,7 @@ protected:
 
     ICriticalSection& getLock() const { return Link->getLock(); }
     const CEngineLinkPtr& getLink() const { return Link; }
+    CPlayingSounds& getSounds() { return Sounds; }
     const CPlayingSounds& getSounds() const { return Sounds; }
     void deliverStopEvents() { Sounds.deliverStopEvents(); }
     const CListener& getListener() const { return Listener; }

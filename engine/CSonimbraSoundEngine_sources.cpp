@@ -77,7 +77,7 @@ ISoundSource* CSonimbraSoundEngine::addSoundSourceFromFile(const char* fileName,
     if (source != nullptr && preload && streamMode != sonimbra::E_STREAM_MODE::Streaming) {
         source->loadNow(FileSystem.get());
     }
-    return source;
+    return Sources.find(fileName); // null when a file of the application has removed it meanwhile
 }
 
 ISoundSource* CSonimbraSoundEngine::addSoundSourceFromMemory(void* memory, std::int32_t sizeInBytes,

@@ -23,6 +23,17 @@ constexpr std::int32_t LargestAutomaticSize = 512000;
 
 } // namespace
 
+/// Locks a source, and holds it: opening its file may call the application, which may remove it.
+class CSonimbraSoundSource::CUse {
+public:
+    explicit CUse(CSonimbraSoundSource& source)
+        : Held(counted_ptr<CSonimbraSoundSource>::share(&source)), Lock(source.getLock()) {}
+
+private:
+    const counted_ptr<CSonimbraSoundSource> Held; // let go after the lock
+    const CScopedLock Lock;
+};
+
 CSonimbraSoundSource::CSonimbraSoundSource(const CEngineLinkPtr& link, const char* name,
                                            E_STREAM_MODE mode)
     : Link(link), Name(name), StreamMode(mode) {
@@ -37,7 +48,7 @@ CSonimbraSoundSource::~CSonimbraSoundSource() {
 }
 
 std::int32_t CSonimbraSoundSource::getPlayLength() {
-    const CScopedLock lock(getLock());
+    const CUse use(*this);
     makeSureFormatIsKnown();
     if (Format.ChannelCount == 0 || Format.SampleRate == 0 || Format.FrameCount < 0) {
         return -1;
@@ -46,13 +57,13 @@ std::int32_t CSonimbraSoundSource::getPlayLength() {
 }
 
 sonimbra::SAudioStreamFormat CSonimbraSoundSource::getAudioFormat() {
-    const CScopedLock lock(getLock());
+    const CUse use(*this);
     makeSureFormatIsKnown();
     return Format;
 }
 
 bool CSonimbraSoundSource::getIsSeekingSupported() {
-    const CScopedLock lock(getLock());
+    const CUse use(*this);
     makeSureFormatIsKnown();
     return SeekingSupported;
 }
@@ -86,13 +97,13 @@ void CSonimbraSoundSource::forceReloadAtNextUse() {
 }
 
 void* CSonimbraSoundSource::getSampleData() {
-    const CScopedLock lock(getLock());
+    const CUse use(*this);
     makeSureFormatIsKnown();
     return CachedSamples ? CachedSamples->getData() : nullptr;
 }
 
 void CSonimbraSoundSource::loadNow(io::IFileSystem* fileSystem) {
-    const CScopedLock lock(getLock());
+    const CUse use(*this);
     withoutExceptions([&] { play(fileSystem, nullptr); });
 }
 
@@ -171,21 +182,24 @@ void CSonimbraSoundSource::decideStreamMode() {
     }
 }
 
+/// Into samples that nobody else can let go of meanwhile.
 void CSonimbraSoundSource::decode(sonimbra::IAudioStream& stream) {
-    CachedSamples =
-        counted_ptr<CSonimbraBufferedSamples>::adopt(new CSonimbraBufferedSamples(Format, nullptr));
+    const sonimbra::SAudioStreamFormat format = Format;
+    auto samples =
+        counted_ptr<CSonimbraBufferedSamples>::adopt(new CSonimbraBufferedSamples(format, nullptr));
     // A length that lies can wrap around: never read more than the buffer holds.
     std::int32_t readable = 0;
-    if (CachedSamples->getData() != nullptr) {
-        readable = std::min(Format.FrameCount, Format.getSampleDataSize() / Format.getFrameSize());
+    if (samples->getData() != nullptr) {
+        readable = std::min(format.FrameCount, format.getSampleDataSize() / format.getFrameSize());
     }
     std::int32_t arrived = 0;
     if (readable > 0) {
-        arrived = std::clamp(stream.readFrames(CachedSamples->getData(), readable), 0, readable);
+        arrived = std::clamp(stream.readFrames(samples->getData(), readable), 0, readable);
     }
-    if (arrived < Format.FrameCount) {
-        CachedSamples->shortenTo(arrived);
+    if (arrived < format.FrameCount) {
+        samples->shortenTo(arrived);
     }
+    CachedSamples = std::move(samples);
 }
 
 /// Playing a source once, paused, opens it: that fills the format and settles the stream mode.

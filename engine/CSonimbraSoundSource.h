@@ -72,6 +72,8 @@ protected:
     counted_ptr<CSonimbraBufferedSamples> CachedSamples;
 
 private:
+    class CUse;
+
     /// How a sound is to be made.
     struct SSoundRequest {
         bool looped;

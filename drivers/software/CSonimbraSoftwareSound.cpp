@@ -12,6 +12,24 @@
 
 namespace sn_internal {
 
+/// Keeps the resampler while it is in use: a decoder or a file of the application may stop its own
+/// sound from inside.
+class CSonimbraSoftwareSound::CReading {
+public:
+    explicit CReading(CSonimbraSoftwareSound& sound) : Sound(sound) { Sound.IsReading = true; }
+    ~CReading() {
+        Sound.IsReading = false;
+        if (Sound.IsReleased) {
+            Sound.releaseBuffer();
+        }
+    }
+    CReading(const CReading&) = delete;
+    CReading& operator=(const CReading&) = delete;
+
+private:
+    CSonimbraSoftwareSound& Sound;
+};
+
 CSonimbraSoftwareSound::CSonimbraSoftwareSound(const CEngineLinkPtr& link,
                                                CSonimbraSoundSource* source,
                                                sonimbra::IAudioStream* stream,
@@ -53,9 +71,10 @@ std::uint32_t CSonimbraSoftwareSound::getPlayPosition() {
 
 bool CSonimbraSoftwareSound::setPlayPosition(std::uint32_t milliseconds) {
     const CScopedLock lock(getLock());
-    if (!isActive() || Resampler->getSourceFormat().FrameCount < 1) {
+    if (!isActive() || IsReading || Resampler->getSourceFormat().FrameCount < 1) {
         return false;
     }
+    const CReading reading(*this);
     const sonimbra::SAudioStreamFormat& source = Resampler->getSourceFormat();
     const double wanted = milliseconds * static_cast<double>(source.SampleRate) / 1000.0;
     const std::int32_t frame = std::min(truncatedToInt32(wanted), source.FrameCount);
@@ -79,6 +98,10 @@ void CSonimbraSoftwareSound::updateListenerRelation(float globalVolume,
 }
 
 void CSonimbraSoftwareSound::releaseBuffer() {
+    IsReleased = IsReading;
+    if (IsReading) {
+        return;
+    }
     Resampler.reset();
     PlayedFrames = 0;
 }
@@ -96,6 +119,11 @@ void CSonimbraSoftwareSound::prefetchSamples(std::int32_t frameCount) const {
 }
 
 void CSonimbraSoftwareSound::render(CMixBlock& block) {
+    const CReading reading(*this);
+    renderFrames(block);
+}
+
+void CSonimbraSoftwareSound::renderFrames(CMixBlock& block) {
     std::int16_t* const frames = block.beginVoice();
     const std::int32_t channels = Resampler->getReadChannelCount();
     const std::int32_t rendered = Resampler->readChannels(isAudible() ? frames : nullptr,

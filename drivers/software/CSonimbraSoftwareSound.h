@@ -28,7 +28,7 @@ public:
     float getPlaybackSpeed() override;
     std::uint32_t getPlayPosition() override;
     bool setPlayPosition(std::uint32_t milliseconds) override;
-    bool isBufferFinished() override { return !Resampler; }
+    bool isBufferFinished() override { return !Resampler || IsReleased; }
     void updateListenerRelation(float globalVolume, const sonimbra::vec3df& listenerPosition,
                                 const sonimbra::vec3df& listenerLookDirection,
                                 const sonimbra::vec3df& listenerUpVector, bool linearRolloff,
@@ -39,7 +39,7 @@ public:
     /// @{
 
     /// A sound that is neither finished nor cut off from its source. It may be paused.
-    bool isActive() const { return Resampler && isAttached(); }
+    bool isActive() const { return Resampler && !IsReleased && isAttached() && !isEnding(); }
     bool isAudible() const { return BufferVolume != 0.0f; }
 
     /// Bring the sound into the cache, one stage after the other, a few sounds before it is
@@ -54,6 +54,9 @@ public:
     /// @}
 
 private:
+    class CReading;
+
+    void renderFrames(CMixBlock& block);
     SGains getGains() const;
     void renderEnd(CMixBlock& block, const std::int16_t* frames, std::int32_t rendered);
     void startOver(std::int16_t* target, std::int32_t frameCount, std::int32_t rendered);
@@ -64,6 +67,8 @@ private:
     float PlaybackSpeed = 1.0f;
     std::uint32_t PlayedFrames = 0; ///< at the output rate: frames produced times speed
     counted_ptr<CSonimbraSoftwareStreamResamplerBase> Resampler;
+    bool IsReading = false;  ///< from the resampler, which may call the application
+    bool IsReleased = false; ///< while it was reading: the resampler goes afterwards
 };
 
 } // namespace sn_internal

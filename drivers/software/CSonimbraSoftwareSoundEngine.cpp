@@ -125,6 +125,7 @@ void CSonimbraSoftwareSoundEngine::mix(std::int16_t* target, std::int32_t frameC
 }
 
 void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int32_t frameCount) {
+    const CPlayingSounds::CWalk walk(getSounds());
     CMixBlock block(frameCount);
     CLookahead lookahead(getSounds().getPlaying(), frameCount);
     for (CSonimbraSound* playing : getSounds().getPlaying()) {

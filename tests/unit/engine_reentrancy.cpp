@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 
 namespace {
@@ -111,6 +112,94 @@ TEST(Reentrancy, DecodersMayThrow) {
         EXPECT_NO_THROW(EXPECT_FALSE(sound->setPlayPosition(10)));
         EXPECT_NO_THROW(rendered(*engine.get(), 8192));
         EXPECT_EQ(sound->isFinished(), !looped);
+    }
+}
+
+/// Calls the application whenever it is read.
+class CCallingStream : public CScriptedStream {
+public:
+    CCallingStream(const SAudioStreamFormat& format, const std::function<void()>& call)
+        : CScriptedStream(format, rampBytes(format, 0, format.FrameCount)), Call(call) {}
+    std::int32_t readFrames(void* target, std::int32_t frames) override {
+        Call();
+        return CScriptedStream::readFrames(target, frames);
+    }
+
+private:
+    const std::function<void()>& Call;
+};
+
+struct SCall {
+    const char* name;
+    std::function<void(ISoundEngine&, ISound&)> call;
+    const char* causes; ///< of the sound that calls, and of another one
+};
+
+class CallsFromDecoders : public testing::TestWithParam<SCall> {};
+
+TEST_P(CallsFromDecoders, MayEndTheirSound) {
+    CStopEvents events;
+    const OfflineEngine engine = offlineEngine();
+    addFactory(*engine.get(), "x.y", {1});
+    std::function<void()> call = [] {};
+    addLoader(*engine.get(), ".y", [&](IFileReader&) {
+        return new CCallingStream(streamFormat(1, 20000, 44100), call);
+    });
+    engine->getSoundSource("x.y")->setStreamMode(E_STREAM_MODE::Streaming);
+    const Sound calling = playTracked(*engine.get(), engine->getSoundSource("x.y"));
+    const Sound other = playTracked(*engine.get(), addSquareWave(*engine.get(), "w", 4000), true);
+    calling->setSoundStopEventReceiver(&events);
+    other->setSoundStopEventReceiver(&events);
+    call = [&] { GetParam().call(*engine.get(), *calling.get()); };
+    rendered(*engine.get(), 8192);
+    engine->update();
+    EXPECT_EQ(events.causes(), GetParam().causes);
+    call = [] {};
+    rendered(*engine.get(), 20000);
+    EXPECT_TRUE(calling->isFinished());
+}
+
+const SCall Calls[] = {
+    {"stop", [](ISoundEngine&, ISound& sound) { sound.stop(); }, "1"},
+    {"stopAll", [](ISoundEngine& engine, ISound&) { engine.stopAllSounds(); }, "00"},
+    {"remove", [](ISoundEngine& engine, ISound&) { engine.removeSoundSource("x.y"); }, "2"},
+    {"removeAll", [](ISoundEngine& engine, ISound&) { engine.removeAllSoundSources(); }, "22"},
+    {"stopAndUpdate",
+     [](ISoundEngine& engine, ISound& sound) {
+         sound.stop();
+         EXPECT_TRUE(sound.isFinished());
+         engine.update();
+     },
+     "1"},
+    {"seek", [](ISoundEngine&, ISound& sound) { EXPECT_FALSE(sound.setPlayPosition(0)); }, ""},
+    {"play",
+     [](ISoundEngine& engine, ISound&) {
+         for (int i = 0; i < 20; ++i) {
+             engine.play2D("w");
+         }
+     },
+     ""},
+};
+INSTANTIATE_TEST_SUITE_P(Mixing, CallsFromDecoders, testing::ValuesIn(Calls),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(Reentrancy, SourcesMayBeRemovedOrReloadedWhileTheyAreOpened) {
+    for (const bool removed : {true, false}) {
+        const OfflineEngine engine = offlineEngine();
+        addFactory(*engine.get(), "x.y", {1});
+        const std::function<void()> call = [&] {
+            removed ? engine->removeSoundSource("x.y")
+                    : engine->getSoundSource("x.y")->forceReloadAtNextUse();
+        };
+        addLoader(*engine.get(), ".y", [&](IFileReader&) {
+            return new CCallingStream(streamFormat(1, 1000, 44100), call);
+        });
+        EXPECT_EQ(engine->addSoundSourceFromFile("x.y", E_STREAM_MODE::NoStreaming, true) ==
+                      nullptr,
+                  removed);
+        EXPECT_EQ(engine->getSoundSource("x.y")->getPlayLength(), 22);
+        Sound::adopt(engine->play2D("x.y", false, true));
+        rendered(*engine.get(), 2000);
     }
 }
 

@@ -12,7 +12,9 @@ namespace sonimbra {
 class IFileFactory : public virtual IRefCounted {
 public:
     /// Returns a new reader with one reference for the caller, or null when this factory does not
-    /// handle the name (UTF-8, as passed to the engine). Called with the engine's lock held.
+    /// handle the name (UTF-8, as passed to the engine). Called with the engine's lock held; the
+    /// engine may be called from inside, also to remove the source that is being opened (copy the
+    /// name first if it is used afterwards).
     virtual IFileReader* createFileReader(const char* filename) = 0;
 };
 

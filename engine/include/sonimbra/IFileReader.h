@@ -10,7 +10,7 @@ namespace sonimbra {
 /// A readable file. Sizes and positions are 32-bit: files of 2 GiB and more are not supported.
 ///
 /// The engine uses a reader with its lock held, on its own thread or on the application's thread
-/// that is inside a call into the engine.
+/// that is inside a call into the engine. What may be called from inside stands with IAudioStream.
 class IFileReader : public virtual IRefCounted {
 public:
     /// Copies up to sizeToRead bytes into buffer. Returns the number of bytes copied; fewer than
