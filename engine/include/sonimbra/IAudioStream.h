@@ -11,9 +11,10 @@ namespace sonimbra {
 /// A decoder: hands out interleaved PCM frames. Positions and lengths are counted in frames.
 ///
 /// The engine calls every operation with its lock held, on its own thread or on the application's
-/// thread that is inside a call into the engine. From inside, the engine, its sources and its sounds
-/// may be called: what is ended there, the stream's own sound included, is released when the engine
-/// has finished reading. Do not drop the engine's last reference, nor render an offline engine.
+/// thread that is inside a call into the engine. From inside, the engine, its sources and its
+/// sounds may be called: what is ended there, the stream's own sound included, is released when the
+/// engine has finished reading. Do not drop the engine's last reference, nor render an offline
+/// engine.
 class IAudioStream : public IRefCounted {
 public:
     /// The format, fixed when the stream is constructed.
