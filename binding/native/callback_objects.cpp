@@ -18,7 +18,7 @@ sonimbra_event_forwarder* sonimbra_event_forwarder_create(sonimbra_on_sound_stop
 
 void sonimbra_event_forwarder_destroy(sonimbra_event_forwarder* forwarder) {
     if (forwarder != nullptr) {
-        toNative(forwarder)->destroy();
+        withoutExceptions([=] { toNative(forwarder)->destroy(); });
     }
 }
 

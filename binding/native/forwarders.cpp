@@ -9,66 +9,6 @@
 
 namespace sn_internal {
 
-using sonimbra::ISound;
-
-bool EventForwarder::registerAt(ISound& sound, void* userData) {
-    if (sound.getSoundSource() == nullptr || !attachTo(sound)) {
-        return false;
-    }
-    sound.setSoundStopEventReceiver(this, userData);
-    return true;
-}
-
-bool EventForwarder::attachTo(ISound& sound) {
-    EState state = EState::New;
-    if (!State.compare_exchange_strong(state, EState::Preparing)) {
-        return state == EState::Registered && Sound == &sound;
-    }
-    sound.grab();
-    Sound = &sound;
-    ++Owners;
-    State = EState::Registered;
-    return true;
-}
-
-/// Whoever takes the state from Registered or Orphaned to Done leaves the sound, and nobody else
-/// touches the forwarder afterwards: its owner may be destroying it, in the callback as well.
-void EventForwarder::OnSoundStopped(ISound* sound, sonimbra::E_STOP_EVENT_CAUSE cause,
-                                    void* userData) {
-    const EState before = State.exchange(EState::Done);
-    if (before != EState::Registered && before != EState::Orphaned) {
-        return;
-    }
-    if (before == EState::Registered) {
-        callBack([&] { Callback(Context.get(), toFlat(sound), toFlat(cause), userData); });
-    }
-    leaveSound();
-}
-
-void EventForwarder::destroy() {
-    EState state = EState::Registered;
-    if (State.compare_exchange_strong(state, EState::Checking)) {
-        const bool hasForgotten = Sound->getSoundSource() != nullptr;
-        state = EState::Checking;
-        if (hasForgotten || !State.compare_exchange_strong(state, EState::Orphaned)) {
-            leaveSound();
-        }
-    }
-    Context.end();
-    dropOwner();
-}
-
-void EventForwarder::leaveSound() {
-    Sound->drop();
-    dropOwner();
-}
-
-void EventForwarder::dropOwner() {
-    if (--Owners == 0) {
-        delete this;
-    }
-}
-
 sonimbra::IFileReader* CFileOpener::openFile(const char* fileName) {
     sonimbra_file_reader* const none = nullptr;
     return toNative(callBack(none, [&] { return Open(Context.get(), fileName); }));

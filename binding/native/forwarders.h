@@ -33,6 +33,9 @@ public:
     /// For the owner, in place of delete. The sound, if it can, has been told to forget it.
     void destroy();
 
+    /// Drops a sound; with its last reference the orphans go that it can no longer report to.
+    static bool drop(sonimbra::ISound* sound);
+
 private:
     enum class EState {
         New,
@@ -40,19 +43,24 @@ private:
         Registered,
         Checking, ///< being destroyed before it delivered
         Orphaned, ///< destroyed, but its sound may still report
-        Done,
+        Done,     ///< delivers, or has delivered
     };
 
     ~EventForwarder() override = default;
     bool attachTo(sonimbra::ISound& sound);
+    bool becomeOrphan();
+    template <class F>
+    static void takeOrphans(F&& isMeant);
     void leaveSound();
     void dropOwner();
 
     const sonimbra_on_sound_stopped Callback;
     CContext Context;
-    sonimbra::ISound* Sound = nullptr; ///< counted from Registered to Done
+    sonimbra::ISound* Sound = nullptr; ///< counted while registered, and while it delivers
     std::atomic<EState> State{EState::New};
     std::atomic<std::int32_t> Owners{1}; ///< who created it, and the sound
+    EventForwarder* NextOrphan = nullptr;
+    std::uint64_t Number = 0; ///< among the orphans
 };
 
 /// What a sonimbra_file_factory is.

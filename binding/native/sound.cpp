@@ -11,7 +11,8 @@ void sonimbra_sound_grab(sonimbra_sound* sound) {
 }
 
 int32_t sonimbra_sound_drop(sonimbra_sound* sound) {
-    return invoke(sound, &ISound::drop);
+    return withoutExceptions(
+        0, [&] { return toFlat(sound != nullptr && EventForwarder::drop(toNative(sound))); });
 }
 
 sonimbra_source* sonimbra_sound_get_sound_source(sonimbra_sound* sound) {
@@ -117,9 +118,11 @@ int32_t sonimbra_sound_set_sound_stop_event_receiver(sonimbra_sound* sound,
     if (native == nullptr) {
         return 0;
     }
-    if (receiver != nullptr) {
-        return toFlat(toNative(receiver)->registerAt(*native, user_data));
-    }
-    native->setSoundStopEventReceiver(nullptr, nullptr);
-    return toFlat(native->getSoundSource() != nullptr);
+    return withoutExceptions(0, [&] {
+        if (receiver != nullptr) {
+            return toFlat(toNative(receiver)->registerAt(*native, user_data));
+        }
+        native->setSoundStopEventReceiver(nullptr, nullptr);
+        return toFlat(native->getSoundSource() != nullptr);
+    });
 }
