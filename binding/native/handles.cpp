@@ -11,7 +11,10 @@ thread_local int CCallbackScope::Depth = 0;
 
 bool CHandle::drop() {
     constexpr std::uint32_t normalPriority = 2;
-    if (References.fetch_sub(1, std::memory_order_acq_rel) != 1 || IsEnding.exchange(true)) {
+    std::int32_t count = References.load();
+    while (!References.compare_exchange_weak(count, count == 1 ? Ending : count - 1)) {
+    }
+    if (count != 1) {
         return false;
     }
     if (CCallbackScope::isActive()) {
@@ -68,5 +71,10 @@ sonimbra_recorder::~sonimbra_recorder() {
         const std::lock_guard lock(Engine->CountLock);
         Native->drop();
     }
+    Receiver.reset();
     Engine->drop();
+}
+
+void sonimbra_recorder::setReceiver(sonimbra::IAudioRecorderReceiver* receiver) {
+    Receiver = counted_ptr<sonimbra::IAudioRecorderReceiver>::share(receiver);
 }

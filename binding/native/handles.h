@@ -31,9 +31,11 @@ public:
 private:
     void run(const SThreadStart&) override { delete this; }
 
+    /// What the count becomes with the last reference: callbacks during the end may still grab and
+    /// drop, which must not end it again.
+    static constexpr std::int32_t Ending = 1 << 30;
+
     std::atomic<std::int32_t> References{1};
-    /// Callbacks during the end may still grab and drop.
-    std::atomic<bool> IsEnding{false};
 };
 
 /// Engines must be created and ended one at a time.
@@ -66,6 +68,14 @@ struct sonimbra_recorder final : sn_internal::CHandle {
     sonimbra_recorder(sonimbra_engine* engine, sonimbra::IAudioRecorder* native);
     ~sonimbra_recorder() override;
 
+    /// Before a start: to be kept beside the native recorder. The one before goes with the start.
+    void setReceiver(sonimbra::IAudioRecorderReceiver* receiver);
+
     sonimbra_engine* const Engine;
     sonimbra::IAudioRecorder* const Native;
+
+private:
+    /// So that a context's release, which may wait for a thread that calls the engine, never takes
+    /// place under a lock.
+    sn_internal::counted_ptr<sonimbra::IAudioRecorderReceiver> Receiver;
 };

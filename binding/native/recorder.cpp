@@ -6,6 +6,9 @@
 using namespace sn_internal;
 using sonimbra::IAudioRecorder;
 
+// Starts and stops wait for the capture thread, which may be waiting for a lock that a callback is
+// inside of: no callback makes them.
+
 sonimbra_recorder* sonimbra_recorder_create(sonimbra_engine* engine, int32_t driver,
                                             const char* device_id, const char* sdk_version) {
     if (engine == nullptr) {
@@ -39,6 +42,11 @@ int32_t sonimbra_recorder_drop(sonimbra_recorder* recorder) {
 int32_t sonimbra_recorder_start_recording_buffered_audio(sonimbra_recorder* recorder,
                                                          int32_t sample_rate, int32_t sample_format,
                                                          int32_t channel_count) {
+    if (recorder == nullptr || CCallbackScope::isActive()) {
+        return 0;
+    }
+    const CHold hold(recorder);
+    recorder->setReceiver(nullptr);
     return invoke(recorder, &IAudioRecorder::startRecordingBufferedAudio, sample_rate,
                   sample_format, channel_count);
 }
@@ -49,13 +57,14 @@ int32_t sonimbra_recorder_start_recording_with_receiver(sonimbra_recorder* recor
                                                         int32_t sample_rate, int32_t sample_format,
                                                         int32_t channel_count) {
     CContext owned(context, release);
-    if (recorder == nullptr || receiver == nullptr) {
+    if (recorder == nullptr || receiver == nullptr || CCallbackScope::isActive()) {
         return 0;
     }
     const CHold hold(recorder);
     return withoutExceptions(0, [&] {
         const auto forwarder = counted_ptr<CRecordedAudioForwarder>::adopt(
             new CRecordedAudioForwarder(receiver, std::move(owned)));
+        recorder->setReceiver(forwarder.get());
         return toFlat(recorder->Native->startRecordingWithReceiver(
             forwarder.get(), sample_rate, static_cast<sonimbra::E_SAMPLE_FORMAT>(sample_format),
             channel_count));
@@ -63,7 +72,9 @@ int32_t sonimbra_recorder_start_recording_with_receiver(sonimbra_recorder* recor
 }
 
 void sonimbra_recorder_stop_recording_audio(sonimbra_recorder* recorder) {
-    invoke(recorder, &IAudioRecorder::stopRecordingAudio);
+    if (!CCallbackScope::isActive()) {
+        invoke(recorder, &IAudioRecorder::stopRecordingAudio);
+    }
 }
 
 sonimbra_source* sonimbra_recorder_add_sound_source_from_recorded_audio(sonimbra_recorder* recorder,
