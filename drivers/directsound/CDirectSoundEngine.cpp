@@ -128,8 +128,9 @@ void CDirectSoundEngine::shutDownDriver() {
     }
     Listener3D.reset();
     Device.reset();
-    if (Window != nullptr) {
-        DestroyWindow(Window);
+    // Only its own thread can destroy a window: another one asks for it.
+    if (Window != nullptr && !DestroyWindow(Window)) {
+        PostMessageA(Window, WM_CLOSE, 0, 0);
     }
     Apartment.leave();
 }
