@@ -118,9 +118,9 @@ def print_lock(runs):
     waits = ["50", "90", "99", "99_9"]
     titles = [f"{p.replace('_', '.')} %" for p in waits]
     print_header("wait in microseconds", *titles, "longest", "longest block", "mixing")
-    for name, run in quietest.items():
+    for name, run in benchmark_runs.in_order(quietest):
         cells = [short(run[f"wait_us_p{p}"]) for p in waits]
-        title = name.removeprefix("lock/").split("/iterations")[0]
+        title = name.removeprefix("lock/").split("/iterations")[0].replace("_", " ")
         busy = f"{run['mixing_percent']:.0f} %"
         print_row(title, *cells, short(run["wait_us_max"]), short(run["block_us_max"]), busy)
 
