@@ -4,9 +4,7 @@
 #include "recording/CSonimbraALSACaptureDevice.h"
 
 #include "drivers/software/CSonimbraALSAErrors.h"
-
-#include <algorithm>
-#include <cerrno>
+#include "drivers/software/alsa_calls.h"
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -21,16 +19,10 @@ using sonimbra::SAudioStreamFormat;
 /// what was recorded last. Each costs a wake.
 constexpr snd_pcm_uframes_t PeriodsInBuffer = 20;
 
-/// Nothing to read, or a signal, which says nothing about the device.
+/// Nothing to read is no error.
 template <class T>
 T withoutDelays(T result) {
     return result == -EAGAIN || result == -EINTR ? 0 : result;
-}
-
-/// Keeps the error of a call that fails.
-bool works(int result, int& error) {
-    error = std::min(result, 0);
-    return error == 0;
 }
 
 snd_pcm_format_t toALSAFormat(E_SAMPLE_FORMAT format) {
@@ -41,54 +33,60 @@ snd_pcm_format_t toALSAFormat(E_SAMPLE_FORMAT format) {
 
 int CSonimbraALSACaptureDevice::open(const char* pcmName) {
     const CSonimbraALSAErrors quiet;
-    const int result = snd_pcm_open(&PCM, pcmName, SND_PCM_STREAM_CAPTURE, SND_PCM_NONBLOCK);
+    const int result = uninterrupted(
+        [&] { return snd_pcm_open(&PCM, pcmName, SND_PCM_STREAM_CAPTURE, SND_PCM_NONBLOCK); });
     if (result < 0) {
         PCM = nullptr;
     }
+    HasOverrun = false;
     return std::min(result, 0);
 }
 
 int CSonimbraALSACaptureDevice::configure(const SAudioStreamFormat& format) {
     const CSonimbraALSAErrors quiet;
-    int result = configureHardware(format);
-    if (result >= 0) {
-        result = configureSoftware();
-    }
-    return result < 0 ? result : prepareToWait();
+    return callsUntilFailure([&] { return configureHardware(format); },
+                             [this] { return configureSoftware(); },
+                             [this] { return prepareToWait(); });
 }
 
 int CSonimbraALSACaptureDevice::configureHardware(const SAudioStreamFormat& format) {
     snd_pcm_hw_params_t* hardware = nullptr;
     snd_pcm_hw_params_alloca(&hardware);
-    BufferFrames = static_cast<snd_pcm_uframes_t>(format.SampleRate);
-    snd_pcm_uframes_t periodFrames = std::max(BufferFrames / PeriodsInBuffer, snd_pcm_uframes_t{1});
     const auto channels = static_cast<unsigned>(format.ChannelCount);
     const auto rate = static_cast<unsigned>(format.SampleRate);
-    int error = 0;
-    static_cast<void>(
-        works(snd_pcm_hw_params_any(PCM, hardware), error) &&
-        works(snd_pcm_hw_params_set_access(PCM, hardware, SND_PCM_ACCESS_RW_INTERLEAVED), error) &&
-        works(snd_pcm_hw_params_set_format(PCM, hardware, toALSAFormat(format.SampleFormat)),
-              error) &&
-        works(snd_pcm_hw_params_set_channels(PCM, hardware, channels), error) &&
-        works(snd_pcm_hw_params_set_rate(PCM, hardware, rate, 0), error) &&
-        works(snd_pcm_hw_params_set_buffer_size_near(PCM, hardware, &BufferFrames), error) &&
-        works(snd_pcm_hw_params_set_period_size_near(PCM, hardware, &periodFrames, nullptr),
-              error) &&
-        works(snd_pcm_hw_params(PCM, hardware), error));
-    return error;
+    snd_pcm_uframes_t bufferFrames = rate;
+    snd_pcm_uframes_t periodFrames = rate / PeriodsInBuffer;
+    const int result = callsUntilFailure(
+        [&] { return snd_pcm_hw_params_any(PCM, hardware); },
+        [&] { return snd_pcm_hw_params_set_access(PCM, hardware, SND_PCM_ACCESS_RW_INTERLEAVED); },
+        [&] {
+            return snd_pcm_hw_params_set_format(PCM, hardware, toALSAFormat(format.SampleFormat));
+        },
+        [&] { return snd_pcm_hw_params_set_channels(PCM, hardware, channels); },
+        [&] { return snd_pcm_hw_params_set_rate(PCM, hardware, rate, 0); },
+        [&] { return snd_pcm_hw_params_set_buffer_size_near(PCM, hardware, &bufferFrames); },
+        [&] {
+            return snd_pcm_hw_params_set_period_size_near(PCM, hardware, &periodFrames, nullptr);
+        },
+        [&] { return snd_pcm_hw_params(PCM, hardware); });
+    BufferFrames = static_cast<long>(bufferFrames);
+    PeriodFrames = static_cast<long>(periodFrames);
+    return result;
 }
 
-/// A sound server's PCM notifies of every period, whatever is set here.
+/// The device goes on when its buffer is full, over the oldest frames, where it would stop by
+/// default. A sound server's PCM notifies of every period, whatever is set here.
 int CSonimbraALSACaptureDevice::configureSoftware() {
     snd_pcm_sw_params_t* software = nullptr;
     snd_pcm_sw_params_alloca(&software);
-    const snd_pcm_uframes_t half = std::max(BufferFrames / 2, snd_pcm_uframes_t{1});
-    int error = 0;
-    static_cast<void>(works(snd_pcm_sw_params_current(PCM, software), error) &&
-                      works(snd_pcm_sw_params_set_avail_min(PCM, software, half), error) &&
-                      works(snd_pcm_sw_params(PCM, software), error));
-    return error;
+    const auto half = static_cast<snd_pcm_uframes_t>(BufferFrames / 2);
+    snd_pcm_uframes_t never = 0;
+    return callsUntilFailure(
+        [&] { return snd_pcm_sw_params_current(PCM, software); },
+        [&] { return snd_pcm_sw_params_set_avail_min(PCM, software, half); },
+        [&] { return snd_pcm_sw_params_get_boundary(software, &never); },
+        [&] { return snd_pcm_sw_params_set_stop_threshold(PCM, software, never); },
+        [&] { return snd_pcm_sw_params(PCM, software); });
 }
 
 int CSonimbraALSACaptureDevice::prepareToWait() {
@@ -107,7 +105,7 @@ int CSonimbraALSACaptureDevice::prepareToWait() {
 
 int CSonimbraALSACaptureDevice::start() {
     const CSonimbraALSAErrors quiet;
-    return std::min(snd_pcm_start(PCM), 0);
+    return std::min(uninterrupted([this] { return snd_pcm_start(PCM); }), 0);
 }
 
 /// Closing stops a device that is set up, for which a sound server is asked and waited for.
@@ -139,41 +137,55 @@ int CSonimbraALSACaptureDevice::wait() {
         return 0;
     }
     unsigned short events = 0;
-    const int result = snd_pcm_poll_descriptors_revents(PCM, Descriptors.data(), count, &events);
+    const int result = snd_pcm_poll_descriptors_revents(PCM, Descriptors.data(),
+                                                        static_cast<unsigned>(filled), &events);
     return result < 0 ? result : 1;
 }
 
-void CSonimbraALSACaptureDevice::pause(long milliseconds) {
-    poll(&Descriptors.back(), 1, static_cast<int>(milliseconds));
+bool CSonimbraALSACaptureDevice::pause(int milliseconds) {
+    return poll(&Descriptors.back(), 1, milliseconds) > 0;
 }
 
 void CSonimbraALSACaptureDevice::interrupt() {
     eventfd_write(InterruptEvent, 1);
 }
 
+/// What is more than the buffer holds has been overwritten. Whether a PCM can skip it or not, the
+/// read tells what there is.
 long CSonimbraALSACaptureDevice::getAvailable() {
     const CSonimbraALSAErrors quiet;
-    return withoutDelays(snd_pcm_avail(PCM));
+    const long available = withoutDelays(noteOverrun(snd_pcm_avail(PCM)));
+    if (available <= BufferFrames) {
+        return available;
+    }
+    HasOverrun = true;
+    snd_pcm_forward(PCM, static_cast<snd_pcm_uframes_t>(available - BufferFrames));
+    return BufferFrames;
 }
 
 long CSonimbraALSACaptureDevice::read(void* target, long frameCount) {
     const CSonimbraALSAErrors quiet;
-    return withoutDelays(snd_pcm_readi(PCM, target, static_cast<snd_pcm_uframes_t>(frameCount)));
+    return withoutDelays(
+        noteOverrun(snd_pcm_readi(PCM, target, static_cast<snd_pcm_uframes_t>(frameCount))));
+}
+
+long CSonimbraALSACaptureDevice::noteOverrun(long result) {
+    HasOverrun = HasOverrun || result == -EPIPE;
+    return result;
 }
 
 int CSonimbraALSACaptureDevice::recover(long interruption) {
     const CSonimbraALSAErrors quiet;
     if (interruption == -ESTRPIPE) {
-        const int result = withoutDelays(snd_pcm_resume(PCM));
-        if (result == 0) {
-            return 0;
+        const int result = uninterrupted([this] { return snd_pcm_resume(PCM); });
+        if (result == 0 || result == -EAGAIN) {
+            return result;
         }
     }
-    int result = withoutDelays(snd_pcm_prepare(PCM));
-    if (result >= 0) {
-        result = withoutDelays(snd_pcm_start(PCM));
-    }
-    return isInterruption(result) ? 0 : std::min(result, 0);
+    const int result =
+        callsUntilFailure([this] { return uninterrupted([this] { return snd_pcm_prepare(PCM); }); },
+                          [this] { return start(); });
+    return isInterruption(result) ? 0 : result;
 }
 
 } // namespace sn_internal

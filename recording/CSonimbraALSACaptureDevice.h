@@ -38,12 +38,14 @@ public:
     /// Sleeps until there is something to read or interrupt() is called, which returns 0. Returns
     /// at errors and at wakes without a reason, too.
     int wait();
-    /// Sleeps so long; interrupt() ends it.
-    void pause(long milliseconds);
+    /// Sleeps so long. Returns true, at once, when interrupt() is or was called.
+    bool pause(int milliseconds);
     /// Makes this wait() or pause(), and all that follow, return at once.
     void interrupt();
 
-    long getBufferFrames() const { return static_cast<long>(BufferFrames); }
+    long getBufferFrames() const { return BufferFrames; }
+    /// After so many the device wakes who waits, if not later.
+    long getPeriodFrames() const { return PeriodFrames; }
     /// Frames to read, 0 when that cannot be told at the moment.
     long getAvailable();
     /// Returns the frames that were read, 0 when there are none.
@@ -51,17 +53,23 @@ public:
 
     /// Whether recover() can help after this error.
     static bool isInterruption(long error) { return error == -EPIPE || error == -ESTRPIPE; }
-    /// After an overrun or a suspension: goes on capturing, without what was not read. Returns 0,
-    /// too, when the device is not ready for that yet and will report the interruption once more.
+    /// After an overrun or a suspension: goes on capturing, without what was not read. Returns
+    /// -EAGAIN when the device is not ready for that yet and has to be asked again, and 0, too,
+    /// when it was interrupted once more, which it will report.
     int recover(long interruption);
+    /// Whether frames were lost since it was opened because nobody read them in time.
+    bool hasOverrun() const { return HasOverrun; }
 
 private:
     int configureHardware(const sonimbra::SAudioStreamFormat& format);
     int configureSoftware();
     int prepareToWait();
+    long noteOverrun(long result);
 
     snd_pcm_t* PCM = nullptr;
-    snd_pcm_uframes_t BufferFrames = 0;
+    long BufferFrames = 0;
+    long PeriodFrames = 0;
+    bool HasOverrun = false;
     int InterruptEvent = -1;         ///< readable for good once interrupted
     std::vector<pollfd> Descriptors; ///< the PCM's, and the event's at the end
 };

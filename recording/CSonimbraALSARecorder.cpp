@@ -9,8 +9,8 @@
 #include "recording/alsa_recorder.h"
 
 #include <algorithm>
-#include <chrono>
 #include <thread>
+#include <utility>
 
 namespace sn_internal {
 namespace {
@@ -20,14 +20,17 @@ using EDirection = CSonimbraALSASoundDeviceList::EDirection;
 
 constexpr std::uint32_t PriorityAboveNormal = 3;
 constexpr std::chrono::milliseconds StopPollInterval(2);
-constexpr long PauseMilliseconds = 20;
+constexpr int PauseMilliseconds = 20;
 
-constexpr std::int32_t LowestRate = 100; // some PCMs convert to any rate that they are asked for
-constexpr std::int32_t HighestRate = 384000;
+constexpr std::int32_t HighestChannelCount = 256; // PCMs that convert keep tables on the stack
 
+/// The device is to refuse what it does not have. Some convert to anything that they are asked for,
+/// such as to seconds that fit into no memory.
 bool isRecordable(const sonimbra::SAudioStreamFormat& format) {
-    return format.SampleRate >= LowestRate && format.SampleRate <= HighestRate &&
-           (format.ChannelCount == 1 || format.ChannelCount == 2);
+    return format.SampleRate > 0 && format.ChannelCount > 0 &&
+           format.ChannelCount <= HighestChannelCount &&
+           static_cast<std::uint32_t>(format.SampleRate) <=
+               CRecordedData::MaxBytes / static_cast<std::uint32_t>(format.getFrameSize());
 }
 
 } // namespace
@@ -42,9 +45,11 @@ CSonimbraALSARecorder::~CSonimbraALSARecorder() {
     stopRecordingAudio();
 }
 
+/// A device that another program records from may be free when it is wanted.
 bool CSonimbraALSARecorder::probeDevice() {
     CSonimbraALSACaptureDevice device;
-    return !reportError("Could not open ALSA capture device", device.open(PCMName.c_str()));
+    const int result = device.open(PCMName.c_str());
+    return result == -EBUSY || !reportError("Could not open ALSA capture device", result);
 }
 
 bool CSonimbraALSARecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FORMAT sampleFormat,
@@ -56,9 +61,8 @@ bool CSonimbraALSARecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FOR
     const bool is16Bit = sampleFormat == E_SAMPLE_FORMAT::Signed16Bit;
     beginFormat(channelCount, sampleRate,
                 is16Bit ? E_SAMPLE_FORMAT::Signed16Bit : E_SAMPLE_FORMAT::Unsigned8Bit);
-    const bool hasStarted = isRecordable(getAudioFormat()) &&
-                            withoutExceptions(false, [this] { return openDevice(); }) &&
-                            startCaptureThread();
+    const bool hasStarted =
+        withoutExceptions(false, [this] { return openDevice(); }) && startCaptureThread();
     if (!hasStarted) {
         Device.close();
         restoreFormat();
@@ -67,13 +71,19 @@ bool CSonimbraALSARecorder::startRecording(std::int32_t sampleRate, E_SAMPLE_FOR
 }
 
 bool CSonimbraALSARecorder::openDevice() {
+    const char* const setUpProblem = "Could not set up ALSA capture device";
     const sonimbra::SAudioStreamFormat format = getAudioFormat();
-    BlockFrames = format.SampleRate / 2;
-    FilledFrames = 0;
+    if (reportError(setUpProblem, isRecordable(format) ? 0 : -EINVAL) ||
+        reportError("Could not open ALSA capture device", Device.open(PCMName.c_str())) ||
+        reportError(setUpProblem, Device.configure(format))) {
+        return false;
+    }
+    BlockFrames = std::max(format.SampleRate / 2, 1);
     Block.resize(static_cast<std::size_t>(BlockFrames * format.getFrameSize()));
-    return !reportError("Could not open ALSA capture device", Device.open(PCMName.c_str())) &&
-           !reportError("Could not set up ALSA capture device", Device.configure(format)) &&
-           !reportError("Could not start ALSA capture device", Device.start());
+    TakenFrames = 0;
+    HasReportedOverrun = false;
+    StartTime = std::chrono::steady_clock::now();
+    return !reportError("Could not start ALSA capture device", Device.start());
 }
 
 /// Once the thread exists the flag is the thread's.
@@ -83,6 +93,7 @@ bool CSonimbraALSARecorder::startCaptureThread() {
         return true;
     }
     IsThreadRunning = false;
+    logText("Could not start ALSA capture thread");
     return false;
 }
 
@@ -119,52 +130,71 @@ int CSonimbraALSARecorder::captureUntilInterrupted() {
     return result;
 }
 
-/// A wake without anything to read is not taken at once for another: whatever state a device is in,
-/// it does not keep the processor busy.
 int CSonimbraALSARecorder::captureNext(int wake) {
-    long result = takeCaptured();
-    if (result > 0) {
-        waitForClocklessDevice(result);
-        return 0;
+    const long taken = takeCaptured();
+    if (CSonimbraALSACaptureDevice::isInterruption(taken)) {
+        return recover(taken);
     }
-    if (CSonimbraALSACaptureDevice::isInterruption(result)) {
-        result = Device.recover(result);
-    } else if (result == 0) {
-        result = std::min(wake, 0);
-    }
+    const long result = std::min(taken == 0 ? wake : taken, 0L);
     if (result == 0) {
-        Device.pause(PauseMilliseconds);
+        pace(taken);
     }
     return static_cast<int>(result);
 }
 
-/// Some PCMs, such as "null", always have a full buffer to read. Others lose nothing meanwhile.
-void CSonimbraALSARecorder::waitForClocklessDevice(long takenFrames) {
-    const long bufferFrames = Device.getBufferFrames();
-    if (takenFrames >= bufferFrames) {
-        Device.pause(bufferFrames * 1000 / getAudioFormat().SampleRate / 2);
+/// Asks a device that is not ready again and again, until it is or the recording is stopped.
+int CSonimbraALSARecorder::recover(long interruption) {
+    int result = -EAGAIN;
+    bool isInterrupted = false;
+    while (result == -EAGAIN && !isInterrupted) {
+        result = Device.recover(interruption);
+        isInterrupted = Device.pause(PauseMilliseconds);
     }
+    return result == -EAGAIN ? 0 : result;
+}
+
+/// Whatever a device does, it does not keep the processor busy: not with wakes for less than a
+/// period, and not with frames that never end, which PCMs without a clock have, such as "null". Of
+/// those so many are taken as time has passed. No other device can be ahead of the time, unless by
+/// a clock that runs fast, and then it loses nothing in a pause as long as what was just taken.
+void CSonimbraALSARecorder::pace(long takenFrames) {
+    const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now() - StartTime);
+    const std::int64_t rate = getAudioFormat().SampleRate;
+    const std::int64_t ahead =
+        TakenFrames - Device.getBufferFrames() - elapsed.count() * rate / 1000;
+    const std::int64_t shortest = takenFrames < Device.getPeriodFrames() ? PauseMilliseconds : 0;
+    const std::int64_t pause = std::min<std::int64_t>(ahead, takenFrames) * 1000 / rate;
+    Device.pause(static_cast<int>(std::clamp<std::int64_t>(pause, shortest, INT32_MAX)));
 }
 
 /// Returns the frames that were there, or an error.
 long CSonimbraALSARecorder::takeCaptured() {
     const long available = Device.getAvailable();
+    long left = std::max(available, 0L);
+    long taken = 1;
+    while (left > 0 && taken > 0) {
+        taken = readIntoBlock(left);
+        left -= std::max(taken, 0L);
+    }
+    if (Device.hasOverrun() && !std::exchange(HasReportedOverrun, true)) {
+        logTextWithHint("ALSA capture device overrun, frames were lost", PCMName.c_str());
+    }
+    return taken < 0 ? taken : available - left;
+}
+
+long CSonimbraALSARecorder::readIntoBlock(long frameCount) {
     const auto frameSize = static_cast<std::size_t>(getAudioFormat().getFrameSize());
-    for (long left = available; left > 0;) {
-        const long wanted = std::min(left, BlockFrames - FilledFrames);
-        std::uint8_t* const target =
-            Block.data() + static_cast<std::size_t>(FilledFrames) * frameSize;
-        const long taken = Device.read(target, wanted);
-        if (taken <= 0) {
-            return taken < 0 ? taken : available - left;
-        }
-        left -= taken;
+    std::uint8_t* const target = Block.data() + static_cast<std::size_t>(FilledFrames) * frameSize;
+    const long taken = Device.read(target, std::min(frameCount, BlockFrames - FilledFrames));
+    if (taken > 0) {
+        TakenFrames += taken;
         FilledFrames += taken;
         if (FilledFrames == BlockFrames) {
             deliverBlock();
         }
     }
-    return available;
+    return taken;
 }
 
 void CSonimbraALSARecorder::deliverBlock() {

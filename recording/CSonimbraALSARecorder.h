@@ -8,6 +8,7 @@
 #include "recording/CSonimbraAudioRecorder.h"
 
 #include <atomic>
+#include <chrono>
 #include <string>
 
 namespace sn_internal {
@@ -38,8 +39,10 @@ private:
     bool startCaptureThread();
     int captureUntilInterrupted();
     int captureNext(int wake);
-    void waitForClocklessDevice(long takenFrames);
+    int recover(long interruption);
+    void pace(long takenFrames);
     long takeCaptured();
+    long readIntoBlock(long frameCount);
     void deliverBlock();
     bool reportError(const char* context, int result) const;
 
@@ -49,6 +52,9 @@ private:
     std::vector<std::uint8_t> Block; ///< half a second
     long BlockFrames = 0;            ///< that Block holds at most
     long FilledFrames = 0;           ///< of Block
+    std::int64_t TakenFrames = 0;    ///< since StartTime
+    std::chrono::steady_clock::time_point StartTime;
+    bool HasReportedOverrun = false;
     /// The thread clears it as the last thing that it does; the recorder may then end.
     std::atomic<bool> IsThreadRunning = false;
 };

@@ -4,21 +4,12 @@
 #include "drivers/software/CSonimbraALSADevice.h"
 
 #include "drivers/software/CSonimbraALSAErrors.h"
+#include "drivers/software/alsa_calls.h"
 
-#include <algorithm>
-#include <cerrno>
 #include <utility>
 
 namespace sn_internal {
 namespace {
-
-/// Makes the calls one after the other up to the first that fails. Returns its error, or 0.
-template <class... F>
-int callsUntilFailure(F&&... calls) {
-    int result = 0;
-    static_cast<void>((((result = calls()) >= 0) && ...));
-    return std::min(result, 0);
-}
 
 /// A signal that interrupts a call says nothing about the device.
 template <class T>

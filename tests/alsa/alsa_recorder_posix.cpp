@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <functional>
 
+#include <unistd.h>
+
 namespace {
 
 using namespace sn_test;
@@ -17,8 +19,9 @@ using sn_internal::counted_ptr;
 using Recorder = counted_ptr<sonimbra::IAudioRecorder>;
 
 constexpr auto Format = sonimbra::E_SAMPLE_FORMAT::Signed16Bit;
-const char* const StartCalls = "open:x any access:3 format:2 channels:2 rate:1000 buffer:1000 "
-                               "period:50 hardware current wake:500 software descriptors begin ";
+const char* const StartCalls =
+    "open:x any access:3 format:2 channels:2 rate:1000 buffer:1000 "
+    "period:50 hardware current wake:500 boundary stop:9000 software descriptors begin ";
 
 struct SBlocks : sonimbra::IAudioRecorderReceiver {
     void OnAudioDataRecorded(const void* data, std::int32_t byteCount) override {
@@ -46,10 +49,13 @@ protected:
         Device.bufferFrames = 1000;
         Blocks = counted_ptr<SBlocks>::adopt(new SBlocks);
         Driver = offlineEngine(sonimbra::PrintDebugInfoToStdOut);
-        Recording = Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
-            Driver.get(), sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA, "x"));
+        Recording = makeRecorder();
         Blocks->recorder = Recording.get();
         EXPECT_EQ("open:x free close ", journal());
+    }
+    Recorder makeRecorder() {
+        return Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
+            Driver.get(), sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA, "x"));
     }
     bool start() { return Recording->startRecordingWithReceiver(Blocks.get(), 1000, Format, 2); }
     static std::string journal() {
@@ -62,6 +68,12 @@ protected:
         Device.capture(frames);
         waitFor([&] { return (calls += journal()).size() >= length; });
         return calls;
+    }
+
+    static int lowestDescriptor() {
+        const int descriptor = dup(0);
+        close(descriptor);
+        return descriptor;
     }
 
     OfflineEngine Driver;
@@ -80,33 +92,46 @@ TEST_F(ALSARecording, FailsToStartWhereAnyCallFails) {
         EXPECT_EQ(made + (call == "open:x" ? "" : "free close "), journal());
         EXPECT_FALSE(Recording->isRecording());
     }
-    for (const auto& [rate, channels] : {std::pair{99, 1}, {INT32_MAX, 1}, {1000, 0}, {1000, 3}}) {
-        EXPECT_FALSE(Recording->startRecordingBufferedAudio(rate, Format, channels));
+    for (const auto& [rate, channels] : {std::pair{0, 1}, {INT32_MAX, 1}, {9, 0}, {9, 257}}) {
+        EXPECT_EQ("Could not set up ALSA capture device: x: Invalid argument\n",
+                  standardOutputOf([&, rate = rate, channels = channels] {
+                      Recording->startRecordingBufferedAudio(rate, Format, channels);
+                  }));
         EXPECT_EQ("", journal());
     }
+    Device.answers["open"] = {-EBUSY};
+    EXPECT_TRUE(makeRecorder()->isDriverInitialized());
     EXPECT_TRUE(start());
 }
 
 TEST_F(ALSARecording, DeliversHalvesOfTheBufferWhateverHappens) {
-    const char* const lost = "ALSA capture device lost: x: No such device\n";
+    const std::string lost = "ALSA capture device lost: x: No such device\n";
+    const std::string overrun = "ALSA capture device overrun, frames were lost: x\n";
     const struct {
         Answers answers;
         std::string calls;
-        bool isOverrun = false; ///< what was captured last is gone
+        bool isGone = false; ///< what was captured last
         std::string log = "";
     } cases[] = {
         {{{"read", {100}}}, "events avail read:150 read:50 read:50 "},
         {{{"avail", {-EINTR}}}, "events avail events avail read:150 read:50 "},
-        {{{"avail", {-EPIPE}}}, "events avail prepare begin events avail ", true},
-        {{{"read", {-EPIPE}}}, "events avail read:150 prepare begin ", true},
-        {{{"avail", {-ESTRPIPE, -ESTRPIPE}}, {"resume", {-EAGAIN}}},
-         "events avail resume events avail resume events avail read:150 read:50 "},
+        {{{"read", {-EAGAIN}}}, "events avail read:150 "},
+        {{{"avail", {-EPIPE}}, {"begin", {-EAGAIN}}},
+         "events avail prepare begin prepare begin ",
+         true,
+         overrun},
+        {{{"read", {-EPIPE}}}, "events avail read:150 prepare begin ", true, overrun},
+        {{{"avail", {-ESTRPIPE}}, {"resume", {-EAGAIN}}},
+         "events avail resume resume events avail read:150 read:50 "},
         {{{"avail", {-ESTRPIPE}}, {"resume", {-ENOSYS}}, {"begin", {-EPIPE}}},
-         "events avail resume prepare begin events avail ",
+         "events avail resume prepare begin ",
          true},
         {{{"avail", {-ENODEV}}}, "events avail ", false, lost},
         {{{"avail", {-EAGAIN}}, {"events", {-ENODEV}}}, "events avail ", false, lost},
-        {{{"avail", {-EPIPE}}, {"prepare", {-ENODEV}}}, "events avail prepare ", true, lost},
+        {{{"avail", {-EPIPE}}, {"prepare", {-ENODEV}}},
+         "events avail prepare ",
+         true,
+         overrun + lost},
     };
     for (const auto& test : cases) {
         restart();
@@ -124,21 +149,49 @@ TEST_F(ALSARecording, DeliversHalvesOfTheBufferWhateverHappens) {
         });
         EXPECT_EQ(test.log, log);
         EXPECT_TRUE(journal().ends_with("free close "));
-        expected.insert(expected.end(), test.isOverrun ? 0 : 400, 1);
+        expected.insert(expected.end(), test.isGone ? 0 : 400, 1);
         expected.insert(expected.end(), 500, 2);
         EXPECT_EQ(expected, Blocks->all);
-        EXPECT_EQ((std::vector{2000, test.isOverrun ? 400 : 1200}), Blocks->sizes);
+        EXPECT_EQ((std::vector{2000, test.isGone ? 400 : 1200}), Blocks->sizes);
     }
 }
 
-TEST_F(ALSARecording, WakesWithoutAReasonCostLittle) {
-    Device.isAlwaysWaking = true;
-    Device.capture({});
+TEST_F(ALSARecording, WakesWithoutAnEndCostLittle) {
+    for (const long frames : {0, 30, 980}) {
+        restart();
+        Device.endlessFrames = frames;
+        Device.capture({});
+        ASSERT_TRUE(Recording->startRecordingBufferedAudio(1000, Format, 2));
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        Recording->stopRecordingAudio();
+        const std::string calls = journal();
+        EXPECT_LE(std::count(calls.begin(), calls.end(), ' '), 45) << calls;
+        EXPECT_LE(Recording->getAudioFormat().FrameCount, 3000);
+    }
+}
+
+TEST_F(ALSARecording, StartsKeepOrLeaveWhatWasRecorded) {
+    const int descriptor = lowestDescriptor();
+    const Frames16 first = counting(600).samples;
+    Frames16 kept = counting(1000).samples;
     ASSERT_TRUE(start());
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-    Recording->stopRecordingAudio();
-    const std::string calls = journal();
-    EXPECT_LE(std::count(calls.begin(), calls.end(), ' '), 40) << calls;
+    Device.capture(first, false);
+    ASSERT_TRUE(Recording->startRecordingBufferedAudio(1000, Format, 2));
+    EXPECT_EQ(first, Blocks->all);
+    Device.capture(kept, false);
+    ASSERT_TRUE(Recording->startRecording(1000, Format, 2));
+    Device.capture(Frames16(600, 1), false); // overwritten
+    Device.capture(Frames16(2000, 2), false);
+    EXPECT_EQ("ALSA capture device overrun, frames were lost: x\n",
+              standardOutputOf([&] { Recording->stopRecordingAudio(); }));
+    kept.insert(kept.end(), 2000, 2);
+    Device.answers["rate"] = {-EINVAL};
+    EXPECT_FALSE(Recording->startRecording(4000, Format, 1));
+    EXPECT_EQ(1000, Recording->getAudioFormat().SampleRate);
+    ASSERT_EQ(6000, Recording->getAudioFormat().getSampleDataSize());
+    const auto* data = static_cast<const std::int16_t*>(Recording->getRecordedAudioData());
+    EXPECT_EQ(kept, Frames16(data, data + 3000));
+    EXPECT_EQ(descriptor, lowestDescriptor());
 }
 
 TEST_F(ALSARecording, DropsInEveryOrderWhileRecording) {

@@ -31,6 +31,16 @@ long answer(const std::string& call, const std::string& argument) {
     return next.empty() ? 0 : *std::exchange(next, {next.begin() + 1, next.end()}).begin();
 }
 
+long takeCaptured(const char* call, Frames frameCount, std::int16_t* target) {
+    const Lock lock(DeviceMutex);
+    const long result = answer(call, std::to_string(frameCount));
+    const long taken = result == 0 ? static_cast<long>(frameCount) : std::max(result, 0L);
+    const auto end = Device.captured.begin() + 2 * taken;
+    std::copy(Device.captured.begin(), target == nullptr ? Device.captured.begin() : end, target);
+    Device.captured.erase(Device.captured.begin(), end);
+    return result < 0 ? result : taken;
+}
+
 } // namespace
 
 void SScriptedPCM::play(long frameCount) {
@@ -41,6 +51,8 @@ void SScriptedPCM::play(long frameCount) {
 int SScriptedPCM::clear() {
     const Lock lock(DeviceMutex);
     captured.clear();
+    eventfd_t wakes = 0;
+    static_cast<void>(eventfd_read(Wake, &wakes));
     return isRunning = false, queuedFrames = 0, 0;
 }
 
@@ -74,6 +86,9 @@ ANSWERS(snd_pcm_sw_params_current, (PCM, Software), "current", 0)
 ANSWERS(snd_pcm_sw_params_set_start_threshold, (PCM, Software, Frames size), "start",
         Device.startFrames = size)
 ANSWERS(snd_pcm_sw_params_set_avail_min, (PCM, Software, Frames size), "wake", size)
+ANSWERS(snd_pcm_sw_params_get_boundary, (const snd_pcm_sw_params_t*, Frames* boundary), "boundary",
+        (*boundary = 9000, 0))
+ANSWERS(snd_pcm_sw_params_set_stop_threshold, (PCM, Software, Frames size), "stop", size)
 ANSWERS(snd_pcm_sw_params, (PCM, Software), "software", 0)
 ANSWERS(snd_pcm_prepare, (PCM), "prepare", Device.clear())
 ANSWERS(snd_pcm_start, (PCM), "begin", 0)
@@ -98,7 +113,9 @@ snd_pcm_sframes_t snd_pcm_avail(PCM) {
         return error < 0 ? error : Device.bufferFrames - Device.queuedFrames;
     }
     eventfd_t wakes = 0;
-    static_cast<void>(Device.isAlwaysWaking || eventfd_read(Wake, &wakes));
+    static_cast<void>(Device.endlessFrames >= 0 || eventfd_read(Wake, &wakes));
+    Device.captured.resize(
+        std::max(Device.captured.size(), std::size_t(2 * std::max(Device.endlessFrames, 0L))));
     return static_cast<long>(Device.captured.size() / 2);
 }
 snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
@@ -112,13 +129,10 @@ snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
     return result < 0 ? result : taken;
 }
 snd_pcm_sframes_t snd_pcm_readi(PCM, void* data, Frames frameCount) {
-    const Lock lock(DeviceMutex);
-    const long result = answer("read", std::to_string(frameCount));
-    const long taken = result == 0 ? static_cast<long>(frameCount) : std::max(result, 0L);
-    const auto end = Device.captured.begin() + 2 * taken;
-    std::copy(Device.captured.begin(), end, static_cast<std::int16_t*>(data));
-    Device.captured.erase(Device.captured.begin(), end);
-    return result < 0 ? result : taken;
+    return takeCaptured("read", frameCount, static_cast<std::int16_t*>(data));
+}
+snd_pcm_sframes_t snd_pcm_forward(PCM, Frames frameCount) {
+    return takeCaptured("forward", frameCount, nullptr);
 }
 int snd_pcm_poll_descriptors(PCM, pollfd* descriptor, unsigned) {
     *descriptor = {Wake, POLLIN, 0};
