@@ -21,10 +21,12 @@ class ISoundStopEventReceiver {
 public:
     virtual ~ISoundStopEventReceiver() {}
 
-    /// Called with the engine's lock held: on the engine's thread when the engine is
-    /// multi-threaded, else on the thread that is inside update(), stopAllSounds() or a removal.
-    /// Every operation of engine, sounds and sources may be called from here, dropping the sound
-    /// included; only the engine's last reference must not be dropped here.
+    /// Called with the engine's lock held: on the thread that is inside stopAllSounds(), the
+    /// removal of a source, or the engine's end; for sounds that end by themselves or by
+    /// ISound::stop on the engine's thread when the engine is multi-threaded, else on the thread
+    /// that is inside update(), setSoundVolume() or renderFrames(). Every operation of engine,
+    /// sounds and sources may be called from here, dropping the sound included; only the engine's
+    /// last reference must not be dropped here.
     virtual void OnSoundStopped(ISound* sound, E_STOP_EVENT_CAUSE cause, void* userData) = 0;
 };
 
