@@ -8,7 +8,7 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir "${CMAKE_INSTALL_LIBDIR}/cmake/Sonimbra")
 
-install(FILES ${sonimbra_public_headers} "${PROJECT_SOURCE_DIR}/binding/native/sonimbra_c.h"
+install(FILES ${sonimbra_public_headers} ${sonimbra_flat_headers}
         DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/sonimbra")
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/sonimbra")
 

@@ -15,6 +15,10 @@ endif()
 sonimbra_collect_sources(sonimbra_sources ${sonimbra_folders})
 file(GLOB sonimbra_public_headers CONFIGURE_DEPENDS
      "${PROJECT_SOURCE_DIR}/engine/include/sonimbra/*.h")
+file(GLOB sonimbra_flat_headers CONFIGURE_DEPENDS
+     "${PROJECT_SOURCE_DIR}/binding/native/include/sonimbra/*.h")
+set(sonimbra_include_folders "${PROJECT_SOURCE_DIR}/engine/include"
+                             "${PROJECT_SOURCE_DIR}/binding/native/include")
 
 # Only these are compiled for a processor with AVX2, and run on one alone.
 set(sonimbra_avx2_sources ${sonimbra_sources})
@@ -43,7 +47,7 @@ function(sonimbra_add_objects target)
   sonimbra_configure_target(${target})
   sonimbra_hide_symbols(${target})
   set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
-  target_include_directories(${target} PRIVATE "${PROJECT_SOURCE_DIR}/engine/include")
+  target_include_directories(${target} PRIVATE ${sonimbra_include_folders})
   target_link_libraries(${target} PRIVATE ${sonimbra_libraries})
   target_compile_definitions(${target} PRIVATE SONIMBRA_DUMB_ALONE=$<BOOL:${SONIMBRA_DUMB_ALONE}>)
 endfunction()
@@ -60,8 +64,7 @@ if(WIN32)
 endif()
 
 function(sonimbra_set_usage target)
-  target_include_directories(${target}
-                             PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/engine/include>")
+  target_include_directories(${target} PUBLIC "$<BUILD_INTERFACE:${sonimbra_include_folders}>")
   target_compile_features(${target} INTERFACE cxx_std_17)
 endfunction()
 

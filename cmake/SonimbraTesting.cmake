@@ -128,17 +128,19 @@ function(sonimbra_add_real_sound_test name script)
       "SONIMBRA_PLAYER=$<TARGET_FILE:sonimbra_player>;SONIMBRA_WINE=${CMAKE_CROSSCOMPILING_EMULATOR};PYTHONDONTWRITEBYTECODE=1")
 endfunction()
 
-# sonimbra_add_flat_interface_test(<name> <script>)
+# sonimbra_add_flat_interface_test(<name> <script> [<test>...])
 #
-# Reads the headers, and calls the shared library as a foreign language does.
+# Reads the headers, and calls the shared library as a foreign language does; where that cannot run,
+# only the tests that are named.
 function(sonimbra_add_flat_interface_test name script)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
-  add_test(NAME ${name} COMMAND Python3::Interpreter "${CMAKE_CURRENT_SOURCE_DIR}/${script}" -v)
+  add_test(NAME ${name} COMMAND "${Python3_EXECUTABLE}" "${CMAKE_CURRENT_SOURCE_DIR}/${script}" -v
+                                ${ARGN})
   set_tests_properties(
     ${name}
     PROPERTIES
       TIMEOUT 60 ENVIRONMENT
-      "SONIMBRA_LIBRARY=$<TARGET_FILE:sonimbra>;SONIMBRA_CXX=${CMAKE_CXX_COMPILER};PYTHONDONTWRITEBYTECODE=1")
+      "SONIMBRA_LIBRARY=$<TARGET_FILE:sonimbra>;SONIMBRA_CXX=${CMAKE_CXX_COMPILER};SONIMBRA_OBJDUMP=${CMAKE_OBJDUMP};PYTHONDONTWRITEBYTECODE=1")
 endfunction()
 
 # sonimbra_add_fuzzers(<folder>)

@@ -8,7 +8,8 @@
 using namespace sn_internal;
 
 sonimbra_event_forwarder* sonimbra_event_forwarder_create(sonimbra_on_sound_stopped callback,
-                                                          void* context, sonimbra_release release) {
+                                                          void* context,
+                                                          sonimbra_on_release release) {
     CContext owned(context, release);
     if (callback == nullptr) {
         return nullptr;
@@ -22,8 +23,8 @@ void sonimbra_event_forwarder_destroy(sonimbra_event_forwarder* forwarder) {
     }
 }
 
-sonimbra_file_factory* sonimbra_file_factory_create(sonimbra_open_file open, void* context,
-                                                    sonimbra_release release) {
+sonimbra_file_factory* sonimbra_file_factory_create(sonimbra_on_open_file open, void* context,
+                                                    sonimbra_on_release release) {
     CContext owned(context, release);
     if (open == nullptr) {
         return nullptr;

@@ -3,8 +3,9 @@
 
 #pragma once
 
-#include "binding/native/sonimbra_c.h"
 #include "core/no_throw.h"
+
+#include <sonimbra/sonimbra_c.h>
 
 #include <utility>
 
@@ -42,7 +43,7 @@ void callBack(F&& callback) {
 /// more.
 class CContext {
 public:
-    CContext(void* pointer, sonimbra_release release) : Pointer(pointer), Release(release) {}
+    CContext(void* pointer, sonimbra_on_release release) : Pointer(pointer), Release(release) {}
     CContext(CContext&& other) noexcept
         : Pointer(other.Pointer), Release(std::exchange(other.Release, nullptr)) {}
     CContext& operator=(CContext&&) = delete;
@@ -51,14 +52,14 @@ public:
     void* get() const { return Pointer; }
 
     void end() {
-        if (const sonimbra_release function = std::exchange(Release, nullptr)) {
+        if (const sonimbra_on_release function = std::exchange(Release, nullptr)) {
             callBack([&] { function(Pointer); });
         }
     }
 
 private:
     void* Pointer;
-    sonimbra_release Release;
+    sonimbra_on_release Release;
 };
 
 } // namespace sn_internal

@@ -3,9 +3,8 @@
 
 // The flat interface's constants, held against the native ones.
 
-#include "binding/native/sonimbra_c.h"
-
 #include <sonimbra/sonimbra.h>
+#include <sonimbra/sonimbra_c.h>
 
 #include <string_view>
 

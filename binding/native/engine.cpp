@@ -146,7 +146,7 @@ void* sonimbra_engine_get_internal_audio_interface(sonimbra_engine* engine) {
 
 int32_t sonimbra_engine_set_mixed_data_output_receiver(sonimbra_engine* engine,
                                                        sonimbra_on_audio_data_ready receiver,
-                                                       void* context, sonimbra_release release) {
+                                                       void* context, sonimbra_on_release release) {
     CContext owned(context, release);
     if (engine == nullptr) {
         return 0;

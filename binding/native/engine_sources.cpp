@@ -20,6 +20,11 @@ constexpr auto overload(R (ISoundEngine::*operation)(P...)) {
     return operation;
 }
 
+/// Of memory that the engine only reads, although its operations take it without const.
+void* readOnly(const void* memory) {
+    return const_cast<void*>(memory);
+}
+
 } // namespace
 
 sonimbra_sound* sonimbra_engine_play2d(sonimbra_engine* engine, const char* sound_file_name,
@@ -103,21 +108,22 @@ sonimbra_source* sonimbra_engine_add_sound_source_from_file(sonimbra_engine* eng
     return invoke(engine, &ISoundEngine::addSoundSourceFromFile, file_name, stream_mode, preload);
 }
 
-sonimbra_source* sonimbra_engine_add_sound_source_from_memory(sonimbra_engine* engine, void* memory,
+sonimbra_source* sonimbra_engine_add_sound_source_from_memory(sonimbra_engine* engine,
+                                                              const void* memory,
                                                               int32_t size_in_bytes,
                                                               const char* sound_name,
                                                               int32_t copy_memory) {
-    return invoke(engine, &ISoundEngine::addSoundSourceFromMemory, memory, size_in_bytes,
+    return invoke(engine, &ISoundEngine::addSoundSourceFromMemory, readOnly(memory), size_in_bytes,
                   sound_name, copy_memory);
 }
 
 sonimbra_source* sonimbra_engine_add_sound_source_from_pcm_data(
-    sonimbra_engine* engine, void* memory, int32_t size_in_bytes, const char* sound_name,
+    sonimbra_engine* engine, const void* memory, int32_t size_in_bytes, const char* sound_name,
     const sonimbra_audio_stream_format* format, int32_t copy_memory) {
     if (format == nullptr) {
         return nullptr;
     }
-    return invoke(engine, &ISoundEngine::addSoundSourceFromPCMData, memory, size_in_bytes,
+    return invoke(engine, &ISoundEngine::addSoundSourceFromPCMData, readOnly(memory), size_in_bytes,
                   sound_name, format, copy_memory);
 }
 

@@ -66,13 +66,13 @@ private:
 /// What a sonimbra_file_factory is.
 class CFileOpener : public sonimbra::IVirtualRefCounted {
 public:
-    CFileOpener(sonimbra_open_file open, CContext&& context)
+    CFileOpener(sonimbra_on_open_file open, CContext&& context)
         : Open(open), Context(std::move(context)) {}
 
     sonimbra::IFileReader* openFile(const char* fileName);
 
 private:
-    const sonimbra_open_file Open;
+    const sonimbra_on_open_file Open;
     const CContext Context;
 };
 

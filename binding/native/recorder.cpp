@@ -53,7 +53,7 @@ int32_t sonimbra_recorder_start_recording_buffered_audio(sonimbra_recorder* reco
 
 int32_t sonimbra_recorder_start_recording_with_receiver(sonimbra_recorder* recorder,
                                                         sonimbra_on_audio_data_recorded receiver,
-                                                        void* context, sonimbra_release release,
+                                                        void* context, sonimbra_on_release release,
                                                         int32_t sample_rate, int32_t sample_format,
                                                         int32_t channel_count) {
     CContext owned(context, release);

@@ -11,7 +11,8 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 INTERFACES = ROOT / "engine/include/sonimbra"
-HEADER = "binding/native/sonimbra_c.h"
+BINDING = ROOT / "binding/native"
+HEADERS = sorted((BINDING / "include/sonimbra").glob("*.h"))
 
 OBJECTS = dict(ISoundEngine="engine", IOfflineSoundEngine="engine", ISound="sound")
 OBJECTS |= dict(ISoundSource="source", ISoundEffectControl="effects", IAudioRecorder="recorder")
@@ -64,8 +65,9 @@ def expected():
 
 
 def entry_points():
-    text = re.sub(r"///.*", "", (ROOT / HEADER).read_text())
-    found = re.findall(r"SONIMBRA_API\s+([^;(]*?)sonimbra_(\w+)\(([^;]*)\);", text)
+    text = re.sub(r"///.*", "", "".join(header.read_text() for header in HEADERS))
+    pattern = r"SONIMBRA_API\s+([^;(]*?)\s*SONIMBRA_CALL\s+sonimbra_(\w+)\(([^;]*)\);"
+    found = re.findall(pattern, text)
     return {name: (result, takes.split(",")) for result, name, takes in found}
 
 
@@ -80,10 +82,20 @@ class FlatInterface(unittest.TestCase):
         self.assertEqual({path.stem for path in INTERFACES.glob("I*.h")}, named)
         self.assertEqual(set(entry_points()), expected())
 
-    def test_the_header_is_c(self):
-        options = "-x c -std=c99 -Wall -Wextra -pedantic -Werror -fsyntax-only -Iengine/include -I."
-        command = [os.environ["SONIMBRA_CXX"], *options.split(), "-"]
-        subprocess.run(command, cwd=ROOT, check=True, text=True, input=f'#include "{HEADER}"\n')
+    def test_the_headers_are_c(self):
+        options = "-x c -std=c99 -Wall -Wextra -pedantic -Werror -fsyntax-only -Iengine/include"
+        command = [os.environ["SONIMBRA_CXX"], *options.split(), f"-I{BINDING}/include", "-"]
+        for header in HEADERS:
+            include = f"#include <sonimbra/{header.name}>\n"
+            subprocess.run(command, cwd=ROOT, check=True, text=True, input=include)
+
+    def test_the_library_exports_what_is_declared(self):
+        library = os.environ["SONIMBRA_LIBRARY"]
+        kind = "-p" if library.endswith(".dll") else "-T"
+        command = [os.environ["SONIMBRA_OBJDUMP"], kind, library]
+        output = subprocess.run(command, check=True, text=True, stdout=subprocess.PIPE).stdout
+        exported = re.findall(r"\ssonimbra_(\w+)$", output, re.M)
+        self.assertEqual(set(exported), set(entry_points()))
 
     def test_the_library_takes_nothing_for_every_argument(self):
         library = ctypes.CDLL(os.environ["SONIMBRA_LIBRARY"])
@@ -93,7 +105,7 @@ class FlatInterface(unittest.TestCase):
                 continue
             with self.subTest(name):
                 whole = ctypes.c_void_p if "*" in result else ctypes.c_int32
-                function.restype = {"float ": ctypes.c_float, "void ": None}.get(result, whole)
+                function.restype = {"float": ctypes.c_float, "void": None}.get(result, whole)
                 self.assertFalse(function(*map(nothing, takes)))
 
 

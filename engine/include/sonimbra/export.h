@@ -17,6 +17,13 @@
 #define SONIMBRA_API __attribute__((visibility("default")))
 #endif
 
+// The calling convention of the flat interface's functions and callbacks.
+#if defined(_WIN32)
+#define SONIMBRA_CALL __cdecl
+#else
+#define SONIMBRA_CALL
+#endif
+
 // The entry point of plug-ins, which <sonimbra/plugin.h> defines for you:
 //   SONIMBRA_PLUGIN_ENTRY_NAME  the name under which the library finds it
 //   SONIMBRA_PLUGIN_CALL        its calling convention
