@@ -61,7 +61,10 @@ struct SScriptedCapture final : SScriptedObject {
     }
     NOTES(Start, (DWORD flags), flags);
     NOTES(Stop, ());
-    DOES(Unlock, (void*, DWORD one, void*, DWORD two), read(note("Unlock", one, two), true));
+    DOES(Unlock, (void* at, DWORD one, void* wrapped, DWORD two),
+         read(note("Unlock", static_cast<std::uint8_t*>(at) - Memory.data(), one,
+                   wrapped == Memory.data(), two),
+              true));
     Bytes Memory;
     std::size_t Cursor = 0;
     std::vector<DSBPOSITIONNOTIFY> Positions;
@@ -83,24 +86,6 @@ struct SScriptedCaptureDevice final : SScriptedObject {
     GAP(a) NOTES(Initialize, (const GUID* id), *id == GUID());
 };
 
-/// While it lives, COM makes scripted capture devices on this thread.
-struct SScriptedCaptures final : SScriptedObject {
-    explicit SScriptedCaptures(const CLSID& device) : SScriptedObject("COM") {
-        CoInitialize(nullptr);
-        CoRegisterClassObject(device, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &Id);
-    }
-    ~SScriptedCaptures() {
-        CoRevokeClassObject(Id);
-        CoUninitialize();
-        Release();
-        Script = {};
-    }
-    virtual HRESULT WINAPI CreateInstance(IUnknown*, REFIID, void** result) {
-        const HRESULT answer = note("Create");
-        *result = FAILED(answer) ? nullptr : addScripted<SScriptedCaptureDevice>("device");
-        return answer;
-    }
-    DWORD Id = 0;
-};
+using SScriptedCaptures = SScriptedCom<SScriptedCaptureDevice>;
 
 } // namespace sn_test

@@ -242,13 +242,14 @@ struct SScriptedDevice final : SScriptedObject {
     GAP3(b) NOTES(Initialize, (const GUID* id), id->Data1);
 };
 
-/// While it lives, COM makes scripted devices of one generation on this thread.
-struct SScriptedDirectSound final : SScriptedObject {
-    explicit SScriptedDirectSound(const CLSID& device) : SScriptedObject("COM") {
+/// While it lives, COM makes scripted devices of one class on this thread.
+template <class TDevice>
+struct SScriptedCom final : SScriptedObject {
+    explicit SScriptedCom(const CLSID& device) : SScriptedObject("COM") {
         CoInitialize(nullptr);
         CoRegisterClassObject(device, this, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &Id);
     }
-    ~SScriptedDirectSound() {
+    ~SScriptedCom() {
         CoRevokeClassObject(Id);
         CoUninitialize();
         Release();
@@ -256,10 +257,11 @@ struct SScriptedDirectSound final : SScriptedObject {
     }
     virtual HRESULT WINAPI CreateInstance(IUnknown*, REFIID, void** result) {
         const HRESULT answer = note("Create");
-        *result = FAILED(answer) ? nullptr : addScripted<SScriptedDevice>("device");
+        *result = FAILED(answer) ? nullptr : addScripted<TDevice>("device");
         return answer;
     }
     DWORD Id = 0;
 };
+using SScriptedDirectSound = SScriptedCom<SScriptedDevice>;
 
 } // namespace sn_test
