@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <cstddef>
 #include <iterator>
 
 namespace sn_internal {
@@ -37,10 +36,10 @@ void CCubicChannels::endPortion() {
 }
 
 void CCubicChannels::keepLastSamples(std::int32_t channel) {
-    sample_t* const guard = Lines[channel].guard;
+    std::int16_t* const past = Past[channel];
     for (std::int32_t i = 0; i < GuardSamples; ++i) {
         const std::int32_t frame = FrameCount - GuardSamples + i;
-        guard[i] = frame < 0 ? guard[GuardSamples + frame] : Frames[ChannelCount * frame + channel];
+        past[i] = frame < 0 ? past[GuardSamples + frame] : Frames[ChannelCount * frame + channel];
     }
 }
 
@@ -48,9 +47,8 @@ void CCubicChannels::restart(const std::int16_t* frames, std::int32_t frameCount
     Frames = frames;
     FrameCount = frameCount;
     for (std::int32_t channel = 0; channel < ChannelCount; ++channel) {
-        SLine& line = Lines[channel];
-        std::fill(std::begin(line.guard), std::end(line.guard), 0);
-        dumb_reset_resampler(&States[channel], line.samples, 1, 0, 0, frameCount);
+        std::fill(std::begin(Past[channel]), std::end(Past[channel]), std::int16_t(0));
+        dumb_reset_resampler(&States[channel], nullptr, 1, 0, 0, frameCount);
     }
 }
 
@@ -73,7 +71,7 @@ std::int32_t CCubicChannels::read(std::int16_t* target, std::int32_t frameCount,
         return readByDumb(target, frameCount, step, false);
     }
     const std::int32_t fixedStep = fixed(step);
-    if (isForKernels() && fitsKernels(frameCount, fixedStep)) {
+    if (isForKernels(fixedStep) && std::int64_t(frameCount) * fixedStep <= getReach(fixedStep)) {
         readByKernels(*kernels, target, frameCount, fixedStep);
         return frameCount;
     }
@@ -88,7 +86,8 @@ std::int32_t CCubicChannels::readInParts(const SCubicKernels& kernels, std::int1
     while (done < frameCount) {
         const std::int32_t remaining = frameCount - done;
         std::int16_t* const at = target != nullptr ? target + ChannelCount * done : nullptr;
-        const std::int32_t fitting = isForKernels() ? countForKernels(remaining, fixedStep) : 0;
+        const std::int32_t fitting =
+            isForKernels(fixedStep) ? std::min(remaining, getReach(fixedStep) / fixedStep) : 0;
         if (fitting > 0) {
             readByKernels(kernels, at, fitting, fixedStep);
             done += fitting;
@@ -104,27 +103,46 @@ std::int32_t CCubicChannels::readInParts(const SCubicKernels& kernels, std::int1
     return done;
 }
 
-/// From position 3 on, what DUMB remembers of the past is what stands in the portion.
-bool CCubicChannels::isForKernels() const {
+/// From position 3 on, what DUMB remembers of the past is what stands in the portion. A copy needs
+/// no portion for that, only that DUMB remembers the right past: steps above one may have skipped
+/// some of it.
+bool CCubicChannels::isForKernels(std::int32_t step) const {
     const DUMB_RESAMPLER& left = States[0];
     const DUMB_RESAMPLER& right = States[ChannelCount - 1];
-    return left.pos >= GuardSamples && left.pos < left.end && left.dir == 1 && right.dir == 1 &&
-           left.overshot == 0 && right.overshot == 0 && left.pos == right.pos &&
-           left.subpos == right.subpos;
+    if (left.pos >= left.end || left.dir != 1 || right.dir != 1 || left.overshot != 0 ||
+        right.overshot != 0 || left.pos != right.pos || left.subpos != right.subpos) {
+        return false;
+    }
+    return left.pos >= GuardSamples ||
+           (isCopy(step) && remembersPast(0) && remembersPast(ChannelCount - 1));
 }
 
-/// How far the position may move without leaving the portion, with 16 bits of fraction.
-std::int32_t CCubicChannels::getReach() const {
-    return static_cast<std::int32_t>(States[0].end - States[0].pos) * One - States[0].subpos - 1;
+/// With a step of one, from a frame, an output is the frame two before its position: the other
+/// taps' factors are zero, that one's is one.
+bool CCubicChannels::isCopy(std::int32_t step) const {
+    return step == One && States[0].subpos == 0;
 }
 
-/// Whether that many outputs have all their taps in the portion, with a position behind them that
-/// is in it as well.
-bool CCubicChannels::fitsKernels(std::int32_t count, std::int32_t step) const {
-    return std::int64_t(count) * step <= getReach();
+bool CCubicChannels::remembersPast(std::int32_t channel) const {
+    const DUMB_RESAMPLER& state = States[channel];
+    for (std::int32_t i = 0; i < GuardSamples; ++i) {
+        if (state.x.x24[i] != sampleAt(channel, state.pos - GuardSamples + i)) {
+            return false;
+        }
+    }
+    return true;
 }
-std::int32_t CCubicChannels::countForKernels(std::int32_t remaining, std::int32_t step) const {
-    return std::min(remaining, getReach() / step);
+
+/// In front of the portion stands the end of the one before.
+std::int16_t CCubicChannels::sampleAt(std::int32_t channel, long frame) const {
+    return frame < 0 ? Past[channel][GuardSamples + frame] : Frames[ChannelCount * frame + channel];
+}
+
+/// How far the position may move, with 16 bits of fraction: not out of the portion, or in a copy to
+/// its end.
+std::int32_t CCubicChannels::getReach(std::int32_t step) const {
+    const auto ahead = static_cast<std::int32_t>(States[0].end - States[0].pos) * One;
+    return isCopy(step) ? ahead : ahead - States[0].subpos - 1;
 }
 
 /// To where the kernels can go on, or all the rest. A state that was reset begins with two frames
@@ -139,18 +157,16 @@ std::int32_t CCubicChannels::countForDumb(std::int32_t remaining, std::int32_t s
     return std::min(remaining, (missing - 1) / step + 1);
 }
 
-/// With a step of one, from a frame, an output is the frame two before its position: the other
-/// taps' factors are zero, that one's is one.
 void CCubicChannels::readByKernels(const SCubicKernels& kernels, std::int16_t* target,
                                    std::int32_t count, std::int32_t step) {
     const DUMB_RESAMPLER& state = States[0];
-    const std::int16_t* const frames = Frames + ChannelCount * state.pos;
-    const SCubicRun run = {frames, static_cast<std::uint32_t>(state.subpos),
+    const SCubicRun run = {Frames + ChannelCount * state.pos,
+                           static_cast<std::uint32_t>(state.subpos),
                            static_cast<std::uint32_t>(step), count};
     if (target == nullptr) {
         // nobody listens
-    } else if (step == One && state.subpos == 0) {
-        std::copy_n(frames - 2 * ChannelCount, ChannelCount * count, target);
+    } else if (isCopy(step)) {
+        copy(target, count);
     } else if (isStereo()) {
         kernels.resampleStereo(run, target);
     } else {
@@ -161,14 +177,24 @@ void CCubicChannels::readByKernels(const SCubicKernels& kernels, std::int16_t* t
     }
 }
 
+void CCubicChannels::copy(std::int16_t* target, std::int32_t count) const {
+    constexpr std::int32_t delay = 2;
+    long frame = States[0].pos - delay;
+    for (; frame < 0 && count > 0; ++frame, --count) {
+        for (std::int32_t channel = 0; channel < ChannelCount; ++channel) {
+            *target++ = sampleAt(channel, frame);
+        }
+    }
+    std::copy_n(Frames + ChannelCount * std::max(0l, frame), ChannelCount * count, target);
+}
+
 void CCubicChannels::advance(std::int32_t channel, std::int32_t count, std::int32_t step) {
     DUMB_RESAMPLER& state = States[channel];
     const std::int32_t offset = state.subpos + count * step;
     state.pos += offset / One;
     state.subpos = offset % One;
-    const std::int16_t* const past = Frames + ChannelCount * (state.pos - GuardSamples) + channel;
     for (std::int32_t i = 0; i < GuardSamples; ++i) {
-        state.x.x24[i] = past[ChannelCount * i];
+        state.x.x24[i] = sampleAt(channel, state.pos - GuardSamples + i);
     }
 }
 
@@ -192,28 +218,34 @@ std::int32_t CCubicChannels::readByDumb(std::int16_t* target, std::int32_t count
     return got;
 }
 
+/// DUMB takes samples of 32 bits. It gets those that it looks at: up to three before its position,
+/// two behind it, and two more on its first way. Positions count from the first of them.
 std::int32_t CCubicChannels::callDumb(std::int32_t channel, sample_t* target, std::int32_t count,
                                       float step) {
-    widenAhead(channel, count, step);
-    std::fill_n(target, count, 0); // DUMB adds to what it finds
-    return static_cast<std::int32_t>(
-        dumb_resample_1_1(&States[channel], target, count, 1.0f, step));
-}
-
-/// DUMB looks at up to three samples before its position, two behind it, and moves two more at
-/// first.
-void CCubicChannels::widenAhead(std::int32_t channel, std::int32_t count, float step) {
-    const DUMB_RESAMPLER& state = States[channel];
+    DUMB_RESAMPLER& state = States[channel];
     const std::int64_t reach = std::int64_t(count) * fixed(step) / One + 6;
     const long end = static_cast<long>(std::min<std::int64_t>(state.end, state.pos + reach));
-    sample_t* const samples = Lines[channel].samples;
-    for (long i = std::max(0l, state.pos - GuardSamples); i < end; ++i) {
-        samples[i] = Frames[ChannelCount * i + channel];
+    const long begin = std::clamp(state.pos - GuardSamples, 0l, std::max(0l, end));
+    sample_t samples[GuardSamples + BufferFrames];
+    sample_t* const first = samples + GuardSamples;
+    // In front of the portion stands what came before: there it looks with a step above one.
+    std::copy(std::begin(Past[channel]), std::end(Past[channel]), samples);
+    for (long i = begin; i < end; ++i) {
+        first[i - begin] = Frames[ChannelCount * i + channel];
     }
+    std::fill_n(target, count, 0); // DUMB adds to what it finds
+    state.src = first;
+    state.pos -= begin;
+    state.end -= begin;
+    const long done = dumb_resample_1_1(&state, target, count, 1.0f, step);
+    state.src = nullptr;
+    state.pos += begin;
+    state.end += begin;
+    return static_cast<std::int32_t>(done);
 }
 
 void CCubicChannels::prefetchState() const {
-    prefetch(this, offsetof(CCubicChannels, Lines));
+    prefetch(this, sizeof(*this));
 }
 
 void CCubicChannels::prefetchFrames(float sourceFrames) const {

@@ -50,35 +50,28 @@ public:
 private:
     static constexpr std::int32_t GuardSamples = 3;
 
-    /// A channel's samples as DUMB takes them, where it is about to look. After a refill with a
-    /// step above one that is up to three samples in front of the portion: the guard holds the last
-    /// ones of the one before.
-    struct SLine {
-        sample_t guard[GuardSamples];
-        sample_t samples[BufferFrames];
-    };
-
     bool isStereo() const { return ChannelCount == 2; }
     void keepLastSamples(std::int32_t channel);
     std::int32_t readInParts(const SCubicKernels& kernels, std::int16_t* target,
                              std::int32_t frameCount, float step);
-    bool isForKernels() const;
-    std::int32_t getReach() const;
-    bool fitsKernels(std::int32_t count, std::int32_t step) const;
-    std::int32_t countForKernels(std::int32_t remaining, std::int32_t step) const;
+    bool isForKernels(std::int32_t step) const;
+    bool isCopy(std::int32_t step) const;
+    bool remembersPast(std::int32_t channel) const;
+    std::int16_t sampleAt(std::int32_t channel, long frame) const;
+    std::int32_t getReach(std::int32_t step) const;
+    void copy(std::int16_t* target, std::int32_t count) const;
     std::int32_t countForDumb(std::int32_t remaining, std::int32_t step) const;
     void readByKernels(const SCubicKernels& kernels, std::int16_t* target, std::int32_t count,
                        std::int32_t step);
     void advance(std::int32_t channel, std::int32_t count, std::int32_t step);
     std::int32_t readByDumb(std::int16_t* target, std::int32_t count, float step, bool both);
     std::int32_t callDumb(std::int32_t channel, sample_t* target, std::int32_t count, float step);
-    void widenAhead(std::int32_t channel, std::int32_t count, float step);
 
     const std::int32_t ChannelCount;
     std::int32_t FrameCount = 0;
     const std::int16_t* Frames = nullptr;
     DUMB_RESAMPLER States[2];
-    SLine Lines[2];
+    std::int16_t Past[2][GuardSamples] = {}; ///< the last frames of the portion before
 };
 
 } // namespace sn_internal
