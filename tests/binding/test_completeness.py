@@ -51,17 +51,18 @@ def operations(interface):
     text = re.sub(r"//.*", "", text)
     found = re.findall(r"virtual\s[^;(~]*?(\w+)\(([^;]*)\) = 0;", text)
     names = [name for name, _ in found]
-    for name, parameters in found:
+    for operation, parameters in found:
+        name = operation
         first = parameters.split(",")[0].rsplit(" ", 1)[0]
         suffix = SUFFIXES.get(first, "") if names.count(name) > 1 else ""
         if interface == "ISoundEffectControl":
             name = re.sub(r"SoundEffect|Effects", "", name)
-        yield f"{OBJECTS[interface]}_{snake(name)}{suffix}"
+        yield f"{OBJECTS[interface]}_{snake(name)}{suffix}", operation
 
 
-def expected():
-    bound = {name for interface in OBJECTS for name in operations(interface)}
-    return (bound | OWN | COUNTING) - set(EXCLUDED)
+def bound():
+    # The operation behind each entry point.
+    return dict(pair for interface in OBJECTS for pair in operations(interface))
 
 
 def entry_points():
@@ -80,7 +81,22 @@ class FlatInterface(unittest.TestCase):
     def test_nothing_is_forgotten(self):
         named = set(OBJECTS) | CALLBACKS | EXCLUDED_INTERFACES
         self.assertEqual({path.stem for path in INTERFACES.glob("I*.h")}, named)
-        self.assertEqual(set(entry_points()), expected())
+        self.assertEqual(set(entry_points()), (set(bound()) | OWN | COUNTING) - set(EXCLUDED))
+
+    def test_arguments_keep_their_order_and_meet_their_operation(self):
+        code = "".join(path.read_text() for path in BINDING.glob("*.cpp"))
+        pattern = r"sonimbra_(\w+)\(([^{};]*)\) \{\s*(?:return |store\((\w+), )?invoke\("
+        pattern += r"(?:[^;]*?)&\w+::(\w+)\)?([^;]*?)\)+;\s*\}"
+        found = re.findall(pattern, code)
+        self.assertGreater(len(found), 110)
+        operation_of = bound()
+        for name, takes, target, operation, passes in found:
+            names = [parameter.split()[-1] for parameter in takes.split(",")]
+            expected = [parameter for parameter in names[1:] if parameter != target]
+            if name not in ("engine_set_listener_position", *COUNTING) and name in operation_of:
+                with self.subTest(name):
+                    self.assertEqual(operation, operation_of[name])
+                    self.assertEqual(re.findall(r"\w+", passes.replace("readOnly", "")), expected)
 
     def test_the_headers_are_c(self):
         options = "-x c -std=c99 -Wall -Wextra -pedantic -Werror -fsyntax-only -Iengine/include"

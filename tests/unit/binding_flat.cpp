@@ -18,7 +18,7 @@ using namespace sn_internal;
 /// What a test passes as a context.
 struct SCalls {
     std::atomic<int> calls{0}, releases{0};
-    std::function<void()> action = [] {};
+    std::function<void()> action = [] {}, onRelease = [] {};
 
     template <class... A>
     static void call(void* context, A...) {
@@ -29,7 +29,10 @@ struct SCalls {
         call(context);
         return nullptr;
     }
-    static void release(void* context) { ++static_cast<SCalls*>(context)->releases; }
+    static void release(void* context) {
+        static_cast<SCalls*>(context)->onRelease();
+        ++static_cast<SCalls*>(context)->releases;
+    }
 };
 
 sonimbra_engine* offline() {
@@ -45,10 +48,10 @@ struct SListened {
           forwarder(sonimbra_event_forwarder_create(SCalls::call, &calls, SCalls::release)) {
         sonimbra_sound_set_sound_stop_event_receiver(sound, forwarder, nullptr);
     }
-    void dispose() {
+    bool dispose() {
         sonimbra_sound_set_sound_stop_event_receiver(sound, nullptr, nullptr);
         sonimbra_event_forwarder_destroy(forwarder);
-        sonimbra_sound_drop(sound);
+        return sonimbra_sound_drop(sound) != 0;
     }
     sonimbra_sound* const sound;
     sonimbra_event_forwarder* const forwarder;
@@ -59,27 +62,55 @@ TEST(FlatInterface, ForwardersDeliverOneEvent) {
         sonimbra_engine* engine = offline();
         SCalls calls;
         SListened listened(engine, "w", calls);
-        calls.action = [&] { disposesInside ? listened.dispose() : void(); };
+        calls.action = [&] { disposesInside&& listened.dispose(); };
         sonimbra_engine_stop_all_sounds(engine);
-        disposesInside ? void() : listened.dispose();
+        disposesInside || listened.dispose();
         sonimbra_engine_drop(engine);
         EXPECT_EQ(calls.calls + 10 * calls.releases, 11);
     }
 }
 
-/// The alias takes its base away: sounds then keep their receiver, and report later.
+/// The alias takes its base away: sounds then keep their receiver, and report later. The context of
+/// one that is destroyed while it reports stays until it has.
 TEST(FlatInterface, DestroyedForwardersMayStillBeCalled) {
-    sonimbra_engine* engine = offline();
-    sonimbra_source* base = sonimbra_engine_get_sound_source(engine, "w", 0);
-    sonimbra_engine_add_sound_source_alias(engine, base, "alias");
-    sonimbra_engine_remove_sound_source(engine, "w");
-    SCalls calls;
-    SListened listened(engine, "alias", calls);
-    sonimbra_engine_remove_sound_source(engine, "alias");
-    listened.dispose();
-    sonimbra_engine_update(engine);
-    EXPECT_EQ(calls.calls + 10 * calls.releases, 10);
-    sonimbra_engine_drop(engine);
+    for (const bool reports : {false, true}) {
+        sonimbra_engine* engine = offline();
+        sonimbra_source* base = sonimbra_engine_get_sound_source(engine, "w", 0);
+        sonimbra_engine_add_sound_source_alias(engine, base, "alias");
+        sonimbra_engine_remove_sound_source(engine, "w");
+        SCalls calls;
+        SListened listened(engine, "alias", calls);
+        sonimbra_engine_remove_sound_source(engine, "alias");
+        calls.action = [&] {
+            std::thread([&] { sonimbra_event_forwarder_destroy(listened.forwarder); }).join();
+            EXPECT_EQ(calls.releases, 0);
+        };
+        reports || listened.dispose();
+        sonimbra_engine_update(engine);
+        EXPECT_EQ(calls.calls + 10 * calls.releases, reports ? 11 : 10);
+        reports&& sonimbra_sound_drop(listened.sound);
+        sonimbra_engine_drop(engine);
+    }
+}
+
+/// The sound has nothing to report, but as its source is gone nobody can know.
+TEST(FlatInterface, DestroyedForwardersLetTheirSoundGo) {
+    for (const bool hasEnded : {false, true}) {
+        sonimbra_engine* engine = offline();
+        SCalls calls;
+        SListened listened(engine, "w", calls);
+        sonimbra_sound_set_sound_stop_event_receiver(listened.sound, nullptr, nullptr);
+        if (hasEnded) {
+            sonimbra_sound_stop(listened.sound);
+            sonimbra_engine_update(engine);
+            sonimbra_sound_set_sound_stop_event_receiver(listened.sound, listened.forwarder,
+                                                         &calls);
+        }
+        sonimbra_engine_remove_sound_source(engine, "w");
+        EXPECT_TRUE(listened.dispose());
+        EXPECT_EQ(calls.calls + 10 * calls.releases, 10);
+        sonimbra_engine_drop(engine);
+    }
 }
 
 TEST(FlatInterface, MixedOutputGoesToTheLastReceiver) {
@@ -116,6 +147,19 @@ TEST(FlatInterface, EnginesMayEndInTheirCallbacks) {
     }
 }
 
+TEST(FlatInterface, EndingEnginesEndOnce) {
+    sonimbra_engine* engine = offline();
+    SCalls calls;
+    SListened listened(engine, "w", calls);
+    calls.action = [&] {
+        sonimbra_engine_grab(engine);
+        EXPECT_EQ(sonimbra_engine_drop(engine), 0);
+    };
+    EXPECT_EQ(sonimbra_engine_drop(engine), 1);
+    listened.dispose();
+    EXPECT_EQ(calls.calls, 1);
+}
+
 /// Captures one block, on a thread that a stop waits for.
 class COneBlockRecorder final : public CSonimbraAudioRecorder {
 public:
@@ -140,8 +184,14 @@ TEST(FlatInterface, RecordersMayEndInTheirCallbacks) {
     std::atomic<bool> isStarted = false;
     calls.action = [&] {
         sn_test::waitFor([&] { return isStarted.load(); });
+        EXPECT_EQ(sonimbra_recorder_start_recording_buffered_audio(recorder, 1, 1, 1), 0);
+        sonimbra_recorder_stop_recording_audio(recorder); // would wait for itself
         EXPECT_EQ(sonimbra_recorder_drop(recorder), 1);
     };
+    const auto checkLock = [&] {
+        EXPECT_TRUE(std::unique_lock(engine->CountLock, std::try_to_lock));
+    };
+    calls.onRelease = [&] { std::thread(checkLock).join(); };
     sonimbra_recorder_start_recording_with_receiver(recorder, SCalls::call, &calls, SCalls::release,
                                                     1, 1, 1);
     isStarted = true;

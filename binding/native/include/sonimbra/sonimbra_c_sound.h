@@ -13,8 +13,8 @@ extern "C" {
 
 /// @name Sound
 /// One playing, paused or finished instance of a source. Once the source or the engine has been
-/// removed, setters do nothing; getters then return 0 where nothing else is said, but pause, pan
-/// and distances stay what they were.
+/// removed, setters do nothing; getters then return 0 where nothing else is said, but pause,
+/// pan, speed and distances stay what they were.
 /// @{
 
 /// Adds one reference.
