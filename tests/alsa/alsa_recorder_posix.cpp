@@ -25,9 +25,9 @@ const char* const StartCalls =
 
 struct SBlocks : sonimbra::IAudioRecorderReceiver {
     void OnAudioDataRecorded(const void* data, std::int32_t byteCount) override {
-        recorder->stopRecordingAudio(); // which does nothing here
-        EXPECT_FALSE(recorder->startRecording(1000, Format, 2));
-        EXPECT_FALSE(recorder->startRecordingBufferedAudio() || !recorder->isRecording());
+        recorder->stopRecordingAudio(); // does nothing here
+        EXPECT_FALSE(recorder->startRecordingBufferedAudio() ||
+                     recorder->startRecording(9, Format, 1));
         const auto* samples = static_cast<const std::int16_t*>(data);
         all.insert(all.end(), samples, samples + byteCount / 2);
         sizes.push_back(byteCount);
@@ -49,13 +49,11 @@ protected:
         Device.bufferFrames = 1000;
         Blocks = counted_ptr<SBlocks>::adopt(new SBlocks);
         Driver = offlineEngine(sonimbra::PrintDebugInfoToStdOut);
-        Recording = makeRecorder();
-        Blocks->recorder = Recording.get();
-        EXPECT_EQ("open:x free close ", journal());
-    }
-    Recorder makeRecorder() {
-        return Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
+        Device.answers = {{"open", {-EBUSY}}}; // which may change until it records
+        Recording = Recorder::adopt(sonimbra::createSonimbraAudioRecorder(
             Driver.get(), sonimbra::E_SOUND_OUTPUT_DRIVER::ALSA, "x"));
+        Blocks->recorder = Recording.get();
+        EXPECT_EQ("open:x ", journal());
     }
     bool start() { return Recording->startRecordingWithReceiver(Blocks.get(), 1000, Format, 2); }
     static std::string journal() {
@@ -68,12 +66,6 @@ protected:
         Device.capture(frames);
         waitFor([&] { return (calls += journal()).size() >= length; });
         return calls;
-    }
-
-    static int lowestDescriptor() {
-        const int descriptor = dup(0);
-        close(descriptor);
-        return descriptor;
     }
 
     OfflineEngine Driver;
@@ -93,45 +85,33 @@ TEST_F(ALSARecording, FailsToStartWhereAnyCallFails) {
         EXPECT_FALSE(Recording->isRecording());
     }
     for (const auto& [rate, channels] : {std::pair{0, 1}, {INT32_MAX, 1}, {9, 0}, {9, 257}}) {
-        EXPECT_EQ("Could not set up ALSA capture device: x: Invalid argument\n",
-                  standardOutputOf([&, rate = rate, channels = channels] {
-                      Recording->startRecordingBufferedAudio(rate, Format, channels);
-                  }));
+        EXPECT_FALSE(Recording->startRecordingBufferedAudio(rate, Format, channels));
         EXPECT_EQ("", journal());
     }
-    Device.answers["open"] = {-EBUSY};
-    EXPECT_TRUE(makeRecorder()->isDriverInitialized());
     EXPECT_TRUE(start());
 }
 
 TEST_F(ALSARecording, DeliversHalvesOfTheBufferWhateverHappens) {
     const std::string lost = "ALSA capture device lost: x: No such device\n";
-    const std::string overrun = "ALSA capture device overrun, frames were lost: x\n";
+    const std::string gap = "ALSA capture device overrun, frames were lost: x\n";
     const struct {
         Answers answers;
-        std::string calls;
+        std::string calls;   ///< behind "events avail "
         bool isGone = false; ///< what was captured last
         std::string log = "";
     } cases[] = {
-        {{{"read", {100}}}, "events avail read:150 read:50 read:50 "},
-        {{{"avail", {-EINTR}}}, "events avail events avail read:150 read:50 "},
-        {{{"read", {-EAGAIN}}}, "events avail read:150 "},
-        {{{"avail", {-EPIPE}}, {"begin", {-EAGAIN}}},
-         "events avail prepare begin prepare begin ",
-         true,
-         overrun},
-        {{{"read", {-EPIPE}}}, "events avail read:150 prepare begin ", true, overrun},
+        {{{"read", {100}}}, "read:150 read:50 read:50 "},
+        {{{"read", {-EAGAIN}}}, "read:150 "},
+        {{{"avail", {-EPIPE}}, {"begin", {-EAGAIN}}}, "prepare begin prepare begin ", true, gap},
+        {{{"read", {-EPIPE}}}, "read:150 prepare begin ", true, gap},
         {{{"avail", {-ESTRPIPE}}, {"resume", {-EAGAIN}}},
-         "events avail resume resume events avail read:150 read:50 "},
+         "resume resume events avail read:150 read:50 "},
         {{{"avail", {-ESTRPIPE}}, {"resume", {-ENOSYS}}, {"begin", {-EPIPE}}},
-         "events avail resume prepare begin ",
+         "resume prepare begin ",
          true},
-        {{{"avail", {-ENODEV}}}, "events avail ", false, lost},
-        {{{"avail", {-EAGAIN}}, {"events", {-ENODEV}}}, "events avail ", false, lost},
-        {{{"avail", {-EPIPE}}, {"prepare", {-ENODEV}}},
-         "events avail prepare ",
-         true,
-         overrun + lost},
+        {{{"avail", {-ENODEV}}}, "", false, lost},
+        {{{"avail", {-EAGAIN}}, {"events", {-ENODEV}}}, "", false, lost},
+        {{{"avail", {-EPIPE}}, {"prepare", {-ENODEV}}}, "prepare ", true, gap + lost},
     };
     for (const auto& test : cases) {
         restart();
@@ -141,8 +121,8 @@ TEST_F(ALSARecording, DeliversHalvesOfTheBufferWhateverHappens) {
         EXPECT_EQ("events avail read:350 ", capture(expected, 22));
         Device.answers = test.answers;
         const std::string log = standardOutputOf([&] {
-            EXPECT_EQ(test.calls, capture(Frames16(400, 1), test.calls.size()));
-            EXPECT_TRUE(Recording->isRecording());
+            const std::string calls = "events avail " + test.calls;
+            EXPECT_EQ(calls, capture(Frames16(400, 1), calls.size()));
             Device.capture(Frames16(500, 2), false);
             std::this_thread::sleep_for(std::chrono::milliseconds(30));
             Recording->stopRecordingAudio();
@@ -157,9 +137,10 @@ TEST_F(ALSARecording, DeliversHalvesOfTheBufferWhateverHappens) {
 }
 
 TEST_F(ALSARecording, WakesWithoutAnEndCostLittle) {
-    for (const long frames : {0, 30, 980}) {
+    for (const std::size_t frames : {0, 30, 980}) {
         restart();
-        Device.endlessFrames = frames;
+        Device.isAlwaysWaking = true;
+        Device.endlessSamples = 2 * frames;
         Device.capture({});
         ASSERT_TRUE(Recording->startRecordingBufferedAudio(1000, Format, 2));
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -171,27 +152,25 @@ TEST_F(ALSARecording, WakesWithoutAnEndCostLittle) {
 }
 
 TEST_F(ALSARecording, StartsKeepOrLeaveWhatWasRecorded) {
-    const int descriptor = lowestDescriptor();
-    const Frames16 first = counting(600).samples;
+    const int descriptor = dup(0); // the lowest that is free
+    close(descriptor);
     Frames16 kept = counting(1000).samples;
     ASSERT_TRUE(start());
-    Device.capture(first, false);
+    Device.capture(counting(600).samples, false);
     ASSERT_TRUE(Recording->startRecordingBufferedAudio(1000, Format, 2));
-    EXPECT_EQ(first, Blocks->all);
+    EXPECT_EQ(counting(600).samples, Blocks->all);
     Device.capture(kept, false);
     ASSERT_TRUE(Recording->startRecording(1000, Format, 2));
-    Device.capture(Frames16(600, 1), false); // overwritten
-    Device.capture(Frames16(2000, 2), false);
+    Device.capture(Frames16(2600, 2), false);
     EXPECT_EQ("ALSA capture device overrun, frames were lost: x\n",
               standardOutputOf([&] { Recording->stopRecordingAudio(); }));
     kept.insert(kept.end(), 2000, 2);
     Device.answers["rate"] = {-EINVAL};
     EXPECT_FALSE(Recording->startRecording(4000, Format, 1));
-    EXPECT_EQ(1000, Recording->getAudioFormat().SampleRate);
     ASSERT_EQ(6000, Recording->getAudioFormat().getSampleDataSize());
     const auto* data = static_cast<const std::int16_t*>(Recording->getRecordedAudioData());
     EXPECT_EQ(kept, Frames16(data, data + 3000));
-    EXPECT_EQ(descriptor, lowestDescriptor());
+    EXPECT_TRUE(dup(0) == descriptor && close(descriptor) == 0);
 }
 
 TEST_F(ALSARecording, DropsInEveryOrderWhileRecording) {

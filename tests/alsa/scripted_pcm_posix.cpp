@@ -31,16 +31,6 @@ long answer(const std::string& call, const std::string& argument) {
     return next.empty() ? 0 : *std::exchange(next, {next.begin() + 1, next.end()}).begin();
 }
 
-long takeCaptured(const char* call, Frames frameCount, std::int16_t* target) {
-    const Lock lock(DeviceMutex);
-    const long result = answer(call, std::to_string(frameCount));
-    const long taken = result == 0 ? static_cast<long>(frameCount) : std::max(result, 0L);
-    const auto end = Device.captured.begin() + 2 * taken;
-    std::copy(Device.captured.begin(), target == nullptr ? Device.captured.begin() : end, target);
-    Device.captured.erase(Device.captured.begin(), end);
-    return result < 0 ? result : taken;
-}
-
 } // namespace
 
 void SScriptedPCM::play(long frameCount) {
@@ -113,9 +103,8 @@ snd_pcm_sframes_t snd_pcm_avail(PCM) {
         return error < 0 ? error : Device.bufferFrames - Device.queuedFrames;
     }
     eventfd_t wakes = 0;
-    static_cast<void>(Device.endlessFrames >= 0 || eventfd_read(Wake, &wakes));
-    Device.captured.resize(
-        std::max(Device.captured.size(), std::size_t(2 * std::max(Device.endlessFrames, 0L))));
+    static_cast<void>(Device.isAlwaysWaking || eventfd_read(Wake, &wakes));
+    Device.captured.resize(Device.captured.size() + Device.endlessSamples);
     return static_cast<long>(Device.captured.size() / 2);
 }
 snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
@@ -129,10 +118,16 @@ snd_pcm_sframes_t snd_pcm_writei(PCM, const void* data, Frames frameCount) {
     return result < 0 ? result : taken;
 }
 snd_pcm_sframes_t snd_pcm_readi(PCM, void* data, Frames frameCount) {
-    return takeCaptured("read", frameCount, static_cast<std::int16_t*>(data));
+    const Lock lock(DeviceMutex);
+    const long result = answer("read", std::to_string(frameCount));
+    const long taken = result == 0 ? static_cast<long>(frameCount) : std::max(result, 0L);
+    const auto end = Device.captured.begin() + 2 * taken;
+    std::copy(Device.captured.begin(), end, static_cast<std::int16_t*>(data));
+    Device.captured.erase(Device.captured.begin(), end);
+    return result < 0 ? result : taken;
 }
-snd_pcm_sframes_t snd_pcm_forward(PCM, Frames frameCount) {
-    return takeCaptured("forward", frameCount, nullptr);
+snd_pcm_sframes_t snd_pcm_forward(PCM pcm, Frames frameCount) {
+    return snd_pcm_readi(pcm, Frames16(2 * frameCount).data(), frameCount);
 }
 int snd_pcm_poll_descriptors(PCM, pollfd* descriptor, unsigned) {
     *descriptor = {Wake, POLLIN, 0};

@@ -25,8 +25,9 @@ struct SScriptedPCM {
     bool isRunning = false;
     Frames16 played;
     snd_pcm_stream_t stream = SND_PCM_STREAM_PLAYBACK;
-    Frames16 captured;       ///< and not read yet
-    long endlessFrames = -1; ///< so many are always there, and wake; -1: only what was captured
+    Frames16 captured;              ///< and not read yet
+    bool isAlwaysWaking = false;    ///< also when nothing was captured
+    std::size_t endlessSamples = 0; ///< captured anew whenever the frames are asked for
 
     void play(long frameCount);
     int clear();

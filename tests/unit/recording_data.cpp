@@ -25,8 +25,6 @@ TEST(RecordedData, TakesNoByteMoreThanItsBound) {
     EXPECT_FALSE(data.append("f", 1));
     EXPECT_EQ(524288000u, data.size());
     EXPECT_EQ(0, std::memcmp("abcde", data.data(), 6));
-    data.clear();
-    EXPECT_EQ(nullptr, data.data());
 }
 
 /// A back end whose device is the test.
