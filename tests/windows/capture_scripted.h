@@ -22,8 +22,7 @@ struct SScriptedCapture final : SScriptedObject {
         const std::size_t half = Memory.size() / 2;
         const std::size_t before = Cursor / half;
         for (const std::uint8_t byte : bytes) {
-            Memory[Cursor] = byte;
-            Cursor = (Cursor + 1) % Memory.size();
+            Memory[std::exchange(Cursor, (Cursor + 1) % Memory.size())] = byte;
         }
         if (Cursor / half != before) {
             const int count = Reads;
@@ -84,6 +83,18 @@ struct SScriptedCaptureDevice final : SScriptedObject {
         return answer;
     }
     GAP(a) NOTES(Initialize, (const GUID* id), *id == GUID());
+};
+
+struct SReceiver final : sonimbra::IAudioRecorderReceiver {
+    void OnAudioDataRecorded(const void* data, std::int32_t byteCount) override {
+        const auto* const bytes = static_cast<const std::uint8_t*>(data);
+        Received.insert(Received.end(), bytes, bytes + (LastSize = byteCount));
+        EXPECT_GT(byteCount, 0);
+        ++Blocks;
+    }
+    Bytes Received;
+    std::int32_t LastSize = 0; ///< in bytes
+    std::atomic<int> Blocks = 0;
 };
 
 using SScriptedCaptures = SScriptedCom<SScriptedCaptureDevice>;

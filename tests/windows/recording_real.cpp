@@ -5,39 +5,14 @@
 
 #include "tests/support/engine_helpers.h"
 #include "tests/support/log_capture.h"
-#include "tests/support/wait.h"
+#include "tests/windows/capture_scripted.h"
 
-#include <atomic>
 #include <cstdlib>
-
-#include <objbase.h>
 
 using namespace sn_test;
 using namespace sonimbra;
 
 namespace {
-
-/// Notes where the sign of the left channel changes, silence left out.
-struct SListener final : IAudioRecorderReceiver {
-    void OnAudioDataRecorded(const void* data, std::int32_t byteCount) override {
-        const auto* sample = static_cast<const std::int16_t*>(data);
-        BlockFrames = byteCount / 4;
-        for (std::int32_t i = 0; i < BlockFrames; ++i, ++Frames, sample += 2) {
-            if (std::abs(*sample) > 5000 && (*sample > 0) != IsPositive) {
-                IsPositive = !IsPositive;
-                First = Changes++ == 0 ? Frames : First;
-                Last = Frames;
-            }
-        }
-        ++Blocks;
-    }
-    bool waitForBlocks(int count) {
-        return waitFor([&, end = Blocks + count] { return Blocks >= end; });
-    }
-    std::atomic<int> Blocks = 0;
-    std::int32_t BlockFrames = 0, Frames = 0, First = 0, Last = 0, Changes = 0;
-    bool IsPositive = false;
-};
 
 /// 441 Hz for a second, and a stop 200 ms after a notification; on a thread without COM.
 void listen(ISoundEngine* engine, E_SOUND_OUTPUT_DRIVER driver) {
@@ -52,19 +27,28 @@ void listen(ISoundEngine* engine, E_SOUND_OUTPUT_DRIVER driver) {
         }));
     EXPECT_EQ(S_FALSE, CoInitialize(nullptr)) << "the recorder has it";
     CoUninitialize();
-    const auto listener = sn_internal::counted_ptr<SListener>::adopt(new SListener);
-    ASSERT_TRUE(recorder && recorder->startRecordingWithReceiver(listener.get(), 44100,
+    const auto receiver = sn_internal::counted_ptr<SReceiver>::adopt(new SReceiver);
+    ASSERT_TRUE(recorder && recorder->startRecordingWithReceiver(receiver.get(), 44100,
                                                                  E_SAMPLE_FORMAT::Signed16Bit, 2));
-    EXPECT_TRUE(listener->waitForBlocks(2)) << "some devices take seconds to start";
+    EXPECT_TRUE(waitFor([&] { return receiver->Blocks > 1; })) << "some take seconds to start";
     playTracked(*engine, addSquareWave(*engine, "tone", 44100));
-    EXPECT_TRUE(listener->waitForBlocks(7)) << "a notification may bring two";
-    Sleep(200);
+    EXPECT_TRUE(waitFor([&, end = receiver->Blocks + 7] { return receiver->Blocks >= end; }));
+    Sleep(200); // a notification may bring two blocks
     recorder.reset();
-    EXPECT_NEAR(0.2 * 44100, listener->BlockFrames, 0.1 * 44100);
-    EXPECT_NEAR(44100, listener->Last - listener->First, 22050);
-    EXPECT_NEAR(50 * listener->Changes, listener->Last - listener->First, 8820) << "half waves";
     EXPECT_EQ(S_OK, CoInitialize(nullptr)) << "the recorder has left it";
     CoUninitialize();
+    EXPECT_NEAR(0.2 * 44100, receiver->LastSize / 4, 0.1 * 44100);
+    const auto* const samples = reinterpret_cast<const std::int16_t*>(receiver->Received.data());
+    std::vector<std::size_t> changes; // of the left channel's sign, in frames; silence left out
+    for (std::size_t i = 0; i < receiver->Received.size() / 2; i += 2) {
+        if (std::abs(samples[i]) > 5000 && (samples[i] > 0) == (changes.size() % 2 == 0)) {
+            changes.push_back(i / 2);
+        }
+    }
+    ASSERT_LT(1u, changes.size());
+    const auto length = static_cast<int>(changes.back() - changes.front());
+    EXPECT_NEAR(44100, length, 22050);
+    EXPECT_NEAR(length / 50, static_cast<int>(changes.size()), 200) << "half waves";
 }
 
 TEST(CaptureDevice, HearsAToneAndKeepsWhatCameAfterTheLastNotification) {
