@@ -57,7 +57,8 @@ TEST_F(SampleKernels, ScaleAndAddLikeTheirTwins) {
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     for (const SGains& gains : {SGains{0.999999f, 0.333f},
                                 {-0.5f, 1.0f},
-                                {1.001f, -1.0f},
+                                {1.001f, 0.5f},
+                                {1.0f, -1.0f},
                                 {3.0f, -40000.0f},
                                 {inf, 0.0f},
                                 {-inf, nan}}) {
