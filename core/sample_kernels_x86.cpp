@@ -143,6 +143,9 @@ void scale(std::int16_t* frames, std::int32_t frameCount, const SGains& gains) {
 void addMono(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
              const SSums& sums) {
     std::int32_t i = isForAVX2(gains) ? avx2::addMonoBlocks(frames, frameCount, gains, sums) : 0;
+    if (i == frameCount) {
+        return;
+    }
     i = gains != nullptr ? addMonoAll(frames, i, frameCount, SScaled(*gains), sums)
                          : addMonoAll(frames, i, frameCount, SAsTheyAre(), sums);
     portable::addMono(frames + i, frameCount - i, gains, laterPart(sums, i));
@@ -151,6 +154,9 @@ void addMono(const std::int16_t* frames, std::int32_t frameCount, const SGains* 
 void addStereo(const std::int16_t* frames, std::int32_t frameCount, const SGains* gains,
                const SSums& sums) {
     std::int32_t i = isForAVX2(gains) ? avx2::addStereoBlocks(frames, frameCount, gains, sums) : 0;
+    if (i == frameCount) {
+        return;
+    }
     i = gains != nullptr ? addStereoAll(frames, i, frameCount, SScaled(*gains), sums)
                          : addStereoAll(frames, i, frameCount, SAsTheyAre(), sums);
     portable::addStereo(frames + 2 * i, frameCount - i, gains, laterPart(sums, i));

@@ -42,7 +42,7 @@ public:
     /// Bring what the next read needs into the cache: first the state, and when that is there the
     /// samples of a block.
     virtual void prefetchState() const {}
-    virtual void prefetchSamples(std::int32_t, float) const {}
+    virtual void prefetchSamples(std::int32_t) const {}
 
     /// The source's format with two channels and the output rate.
     const sonimbra::SAudioStreamFormat& getFormat() const { return Format; }

@@ -113,8 +113,9 @@ std::int32_t CSonimbraSoftwareStreamResampler::readPiece(void* target, std::int3
         0, [&] { return std::clamp(Source->readFrames(target, frameCount), 0, frameCount); });
 }
 
-float CSonimbraSoftwareStreamResampler::getStep(float speed) const {
-    return static_cast<float>(SourceFormat.SampleRate) * speed / static_cast<float>(OutputRate);
+void CSonimbraSoftwareStreamResampler::setSpeed(float speed) {
+    Speed = speed;
+    Step = static_cast<float>(SourceFormat.SampleRate) * speed / static_cast<float>(OutputRate);
 }
 
 /// A mono source's frames begin in the middle of the target: each is read before its place is
@@ -132,11 +133,13 @@ std::int32_t CSonimbraSoftwareStreamResampler::read(std::int16_t* target, std::i
 
 std::int32_t CSonimbraSoftwareStreamResampler::readChannels(std::int16_t* target,
                                                             std::int32_t frameCount, float speed) {
-    float step = getStep(speed);
-    if (!(step > 0.0f)) {
+    if (speed != Speed) {
+        setSpeed(speed);
+    }
+    if (!(Step > 0.0f)) {
         return 0;
     }
-    step = limited(step, SmallestStep, LargestStep);
+    const float step = limited(Step, SmallestStep, LargestStep);
     std::int32_t done = 0;
     while (done < frameCount) {
         std::int16_t* const at =
@@ -156,9 +159,10 @@ void CSonimbraSoftwareStreamResampler::prefetchState() const {
     Channels.prefetchState();
 }
 
-void CSonimbraSoftwareStreamResampler::prefetchSamples(std::int32_t frameCount, float speed) const {
-    Channels.prefetchFrames(limited(static_cast<float>(frameCount) * getStep(speed), 0.0f,
-                                    static_cast<float>(BufferFrames)));
+/// As far as at the speed of the last read.
+void CSonimbraSoftwareStreamResampler::prefetchSamples(std::int32_t frameCount) const {
+    Channels.prefetchFrames(
+        limited(static_cast<float>(frameCount) * Step, 0.0f, static_cast<float>(BufferFrames)));
 }
 
 bool CSonimbraSoftwareStreamResampler::setPosition(std::int32_t sourceFrame) {

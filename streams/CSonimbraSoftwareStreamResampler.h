@@ -22,7 +22,7 @@ public:
     std::int32_t readChannels(std::int16_t* target, std::int32_t frameCount, float speed) override;
     std::int32_t getReadChannelCount() const override { return Channels.getChannelCount(); }
     void prefetchState() const override;
-    void prefetchSamples(std::int32_t frameCount, float speed) const override;
+    void prefetchSamples(std::int32_t frameCount) const override;
 
 private:
     static constexpr std::int32_t BufferFrames = CCubicChannels::BufferFrames;
@@ -33,7 +33,7 @@ private:
         std::int32_t frameCount;
     };
 
-    float getStep(float speed) const;
+    void setSpeed(float speed);
     void restart();
     bool refill();
     SPortion nextPortion();
@@ -42,6 +42,8 @@ private:
     std::int32_t fillInPieces();
     std::int32_t readPiece(void* target, std::int32_t frameCount);
 
+    float Speed = 0.0f;
+    float Step = 0.0f; ///< source frames for one of the output, at that speed
     CCubicChannels Channels;
     CSonimbraBufferedSamplesAudioStream* View = nullptr; ///< the source, if its frames can be used
     std::unique_ptr<std::int16_t[]> Buffer;              ///< from the first portion that needs it

@@ -114,7 +114,7 @@ void CSonimbraSoftwareSound::prefetchState() const {
 
 void CSonimbraSoftwareSound::prefetchSamples(std::int32_t frameCount) const {
     if (Resampler) {
-        Resampler->prefetchSamples(frameCount, PlaybackSpeed);
+        Resampler->prefetchSamples(frameCount);
     }
 }
 
