@@ -4,7 +4,6 @@
 #include "core/ICriticalSection.h"
 #include "core/IThread.h"
 
-#include <csignal>
 #include <memory>
 #include <mutex>
 
@@ -50,27 +49,6 @@ void* threadEntry(void* argument) {
     return nullptr;
 }
 
-/// Signals are the application's: its own threads are to handle them. What reports a fault of the
-/// thread itself stays, for handlers that write a report.
-sigset_t signalsOfOthers() {
-    sigset_t signals;
-    sigfillset(&signals);
-    for (const int fault : {SIGSEGV, SIGBUS, SIGFPE, SIGILL, SIGTRAP, SIGABRT}) {
-        sigdelset(&signals, fault);
-    }
-    return signals;
-}
-
-/// A new thread blocks what the one that makes it blocks.
-bool createThread(pthread_t& handle, SPosixThreadStart* record) {
-    const sigset_t blocked = signalsOfOthers();
-    sigset_t before;
-    pthread_sigmask(SIG_BLOCK, &blocked, &before);
-    const bool isCreated = pthread_create(&handle, nullptr, threadEntry, record) == 0;
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return isCreated;
-}
-
 } // namespace
 
 ICriticalSection* createCriticalSection() {
@@ -84,7 +62,7 @@ bool startThread(IThread* thread, std::uintptr_t userData, std::uint32_t priorit
     std::unique_ptr<SPosixThreadStart> record(
         new SPosixThreadStart{SThreadStart{thread, userData}, priority});
     pthread_t handle;
-    if (!createThread(handle, record.get())) {
+    if (pthread_create(&handle, nullptr, threadEntry, record.get()) != 0) {
         return false;
     }
     record.release(); // the new thread owns it
