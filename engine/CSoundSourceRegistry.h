@@ -8,6 +8,7 @@
 
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace sn_internal {
 
@@ -50,6 +51,7 @@ private:
 
     sonimbra::array<SEntry> Entries;
     std::unordered_map<std::string_view, CSonimbraSoundSource*> ByName;
+    std::unordered_set<const void*> Known; ///< the sources as the application names them
 };
 
 } // namespace sn_internal
