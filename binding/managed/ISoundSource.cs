@@ -21,7 +21,7 @@ public sealed class ISoundSource : IDisposable {
         NativeSoundSource = new SourceHandle(source, engine);
     }
 
-    /// <summary>Wraps a source, which is grabbed; null stays null.</summary>
+    /// <summary>Adopts a returned source; null stays null.</summary>
     internal static ISoundSource Wrap(IntPtr source, IntPtr engine) {
         return source == IntPtr.Zero ? null : new ISoundSource(source, engine);
     }
@@ -110,7 +110,8 @@ public sealed class ISoundSource : IDisposable {
 
     /// <summary>
     /// The distance, in the application's units, below which its 3D sounds get no louder. A value
-    /// not above 0 means the engine's default. Default: -1.0.
+    /// not above 0 means the engine's default.
+    /// Default: the engine's, 1.0 at first.
     /// </summary>
     public float DefaultMinDistance {
         get {
@@ -127,7 +128,8 @@ public sealed class ISoundSource : IDisposable {
 
     /// <summary>
     /// The distance, in the application's units, beyond which its 3D sounds get no quieter. A value
-    /// not above 0 means the engine's default. Default: -1.0.
+    /// not above 0 means the engine's default.
+    /// Default: the engine's, 1000000000.0 at first.
     /// </summary>
     public float DefaultMaxDistance {
         get {
@@ -180,8 +182,10 @@ public sealed class ISoundSource : IDisposable {
                 if (size <= 0) {
                     return null;
                 }
-                IntPtr data = NativeMethods.sonimbra_source_get_sample_data(source.Pointer);
-                return NativeMethods.CopyBytes(data, size);
+                byte[] bytes = new byte[size];
+                int count =
+                    NativeMethods.sonimbra_source_copy_sample_data(source.Pointer, bytes, size);
+                return count == size ? bytes : null; // reloaded in between, it may be another
             }
         }
     }

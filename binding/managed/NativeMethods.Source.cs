@@ -8,9 +8,6 @@ namespace Sonimbra {
 
 internal static partial class NativeMethods {
     [DllImport(Library, CallingConvention = Convention)]
-    internal static extern void sonimbra_source_grab(IntPtr source);
-
-    [DllImport(Library, CallingConvention = Convention)]
     internal static extern int sonimbra_source_drop(IntPtr source);
 
     [DllImport(Library, CallingConvention = Convention)]
@@ -63,7 +60,8 @@ internal static partial class NativeMethods {
     internal static extern int sonimbra_source_get_forced_streaming_threshold(IntPtr source);
 
     [DllImport(Library, CallingConvention = Convention)]
-    internal static extern IntPtr sonimbra_source_get_sample_data(IntPtr source);
+    internal static extern int sonimbra_source_copy_sample_data(IntPtr source,
+                                                                [Out] byte[] buffer, int size);
 }
 
 }

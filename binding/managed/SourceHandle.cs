@@ -6,10 +6,8 @@ using System;
 namespace Sonimbra {
 
 internal sealed class SourceHandle : NativeHandle {
-    /// <summary>Grabs the source: the engine's registry keeps its own reference.</summary>
-    public SourceHandle(IntPtr source, IntPtr engine) : base(source, engine) {
-        NativeMethods.sonimbra_source_grab(source);
-    }
+    /// <summary>Adopts a reference, with which the library returns sources.</summary>
+    public SourceHandle(IntPtr source, IntPtr engine) : base(source, engine) {}
 
     protected override void Drop() {
         NativeMethods.sonimbra_source_drop(handle);

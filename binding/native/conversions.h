@@ -5,6 +5,7 @@
 
 #include "binding/native/forwarders.h"
 #include "binding/native/handles.h"
+#include "engine/locking.h"
 
 #include <concepts>
 #include <type_traits>
@@ -156,6 +157,39 @@ auto invoke(H* handle, R (T::*operation)(P...), A... arguments) {
         return withoutExceptions(
             TResult{}, [&] { return toFlat((native->*operation)(toArgument<P>(arguments)...)); });
     }
+}
+
+/// No other thread adds, removes or reloads sources meanwhile.
+class CEngineLocked {
+public:
+    template <class T>
+    explicit CEngineLocked(T& object) : Lock(lockOf(object)) {
+        Lock != nullptr ? Lock->lock() : void();
+    }
+    ~CEngineLocked() { Lock != nullptr ? Lock->unlock() : void(); }
+    CEngineLocked(const CEngineLocked&) = delete;
+    CEngineLocked& operator=(const CEngineLocked&) = delete;
+
+private:
+    ICriticalSection* const Lock;
+};
+
+inline sonimbra_source* grabbed(sonimbra_source* source) {
+    if (source != nullptr) {
+        toNative(source)->grab();
+    }
+    return source;
+}
+
+/// As invoke, with a reference for the caller on the source that is returned.
+template <class H, class... A>
+sonimbra_source* sourceFor(H* handle, A... arguments) {
+    if (handle == nullptr) {
+        return nullptr;
+    }
+    const CHold hold(handle); // outlasts the lock
+    const CEngineLocked locked(*toNative(handle));
+    return grabbed(invoke(handle, arguments...));
 }
 
 /// Hands a result out where the caller wants it.

@@ -93,19 +93,21 @@ int32_t sonimbra_engine_get_sound_source_count(sonimbra_engine* engine) {
 
 sonimbra_source* sonimbra_engine_get_sound_source(sonimbra_engine* engine, const char* sound_name,
                                                   int32_t add_if_not_found) {
-    return invoke(engine, overload<ISoundSource*, const char*, bool>(&ISoundEngine::getSoundSource),
-                  sound_name, add_if_not_found);
+    return sourceFor(engine,
+                     overload<ISoundSource*, const char*, bool>(&ISoundEngine::getSoundSource),
+                     sound_name, add_if_not_found);
 }
 
 sonimbra_source* sonimbra_engine_get_sound_source_at(sonimbra_engine* engine, int32_t index) {
-    return invoke(engine, overload<ISoundSource*, std::int32_t>(&ISoundEngine::getSoundSource),
-                  index);
+    return sourceFor(engine, overload<ISoundSource*, std::int32_t>(&ISoundEngine::getSoundSource),
+                     index);
 }
 
 sonimbra_source* sonimbra_engine_add_sound_source_from_file(sonimbra_engine* engine,
                                                             const char* file_name,
                                                             int32_t stream_mode, int32_t preload) {
-    return invoke(engine, &ISoundEngine::addSoundSourceFromFile, file_name, stream_mode, preload);
+    return sourceFor(engine, &ISoundEngine::addSoundSourceFromFile, file_name, stream_mode,
+                     preload);
 }
 
 sonimbra_source* sonimbra_engine_add_sound_source_from_memory(sonimbra_engine* engine,
@@ -113,8 +115,8 @@ sonimbra_source* sonimbra_engine_add_sound_source_from_memory(sonimbra_engine* e
                                                               int32_t size_in_bytes,
                                                               const char* sound_name,
                                                               int32_t copy_memory) {
-    return invoke(engine, &ISoundEngine::addSoundSourceFromMemory, readOnly(memory), size_in_bytes,
-                  sound_name, copy_memory);
+    return sourceFor(engine, &ISoundEngine::addSoundSourceFromMemory, readOnly(memory),
+                     size_in_bytes, sound_name, copy_memory);
 }
 
 sonimbra_source* sonimbra_engine_add_sound_source_from_pcm_data(
@@ -123,14 +125,14 @@ sonimbra_source* sonimbra_engine_add_sound_source_from_pcm_data(
     if (format == nullptr) {
         return nullptr;
     }
-    return invoke(engine, &ISoundEngine::addSoundSourceFromPCMData, readOnly(memory), size_in_bytes,
-                  sound_name, format, copy_memory);
+    return sourceFor(engine, &ISoundEngine::addSoundSourceFromPCMData, readOnly(memory),
+                     size_in_bytes, sound_name, format, copy_memory);
 }
 
 sonimbra_source* sonimbra_engine_add_sound_source_alias(sonimbra_engine* engine,
                                                         sonimbra_source* base_source,
                                                         const char* sound_name) {
-    return invoke(engine, &ISoundEngine::addSoundSourceAlias, base_source, sound_name);
+    return sourceFor(engine, &ISoundEngine::addSoundSourceAlias, base_source, sound_name);
 }
 
 void sonimbra_engine_remove_sound_source(sonimbra_engine* engine, const char* name) {

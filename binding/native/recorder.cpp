@@ -79,7 +79,12 @@ void sonimbra_recorder_stop_recording_audio(sonimbra_recorder* recorder) {
 
 sonimbra_source* sonimbra_recorder_add_sound_source_from_recorded_audio(sonimbra_recorder* recorder,
                                                                         const char* sound_name) {
-    return invoke(recorder, &IAudioRecorder::addSoundSourceFromRecordedAudio, sound_name);
+    if (recorder == nullptr) {
+        return nullptr;
+    }
+    const CHold hold(recorder); // outlasts the lock
+    const CEngineLocked locked(*recorder->Engine->Native);
+    return grabbed(invoke(recorder, &IAudioRecorder::addSoundSourceFromRecordedAudio, sound_name));
 }
 
 void sonimbra_recorder_clear_recorded_audio_data_buffer(sonimbra_recorder* recorder) {

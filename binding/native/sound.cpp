@@ -16,7 +16,7 @@ int32_t sonimbra_sound_drop(sonimbra_sound* sound) {
 }
 
 sonimbra_source* sonimbra_sound_get_sound_source(sonimbra_sound* sound) {
-    return invoke(sound, &ISound::getSoundSource);
+    return sourceFor(sound, &ISound::getSoundSource);
 }
 
 void sonimbra_sound_set_is_paused(sonimbra_sound* sound, int32_t paused) {

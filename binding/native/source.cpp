@@ -3,6 +3,9 @@
 
 #include "binding/native/conversions.h"
 
+#include <algorithm>
+#include <cstring>
+
 using namespace sn_internal;
 using sonimbra::ISoundSource;
 
@@ -78,4 +81,21 @@ int32_t sonimbra_source_get_forced_streaming_threshold(sonimbra_source* source) 
 
 void* sonimbra_source_get_sample_data(sonimbra_source* source) {
     return invoke(source, &ISoundSource::getSampleData);
+}
+
+int32_t sonimbra_source_copy_sample_data(sonimbra_source* source, void* buffer, int32_t size) {
+    if (source == nullptr || buffer == nullptr || size <= 0) {
+        return 0;
+    }
+    return withoutExceptions(0, [&] {
+        ISoundSource& native = *toNative(source);
+        const CEngineLocked locked(native);
+        const void* const samples = native.getSampleData();
+        const std::int32_t available = native.getAudioFormat().getSampleDataSize();
+        const std::int32_t count = samples == nullptr ? 0 : std::clamp(available, 0, size);
+        if (count > 0) {
+            std::memcpy(buffer, samples, static_cast<std::size_t>(count));
+        }
+        return count;
+    });
 }

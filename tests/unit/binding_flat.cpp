@@ -80,7 +80,8 @@ TEST(FlatInterface, DestroyedForwardersMayStillBeCalled) {
     for (const bool reports : {false, true}) {
         sonimbra_engine* engine = offline();
         sonimbra_source* base = sonimbra_engine_get_sound_source(engine, "w", 0);
-        sonimbra_engine_add_sound_source_alias(engine, base, "alias");
+        sonimbra_source_drop(sonimbra_engine_add_sound_source_alias(engine, base, "alias"));
+        sonimbra_source_drop(base);
         sonimbra_engine_remove_sound_source(engine, "w");
         SCalls calls;
         SListened listened(engine, "alias", calls);
@@ -142,7 +143,6 @@ TEST(FlatInterface, EnginesMayEndInTheirCallbacks) {
         sonimbra_engine_add_file_factory(engine, factory);
         sonimbra_file_factory_drop(factory);
         sonimbra_source* source = sonimbra_engine_get_sound_source(engine, "x.wav", 1);
-        sonimbra_source_grab(source);
         file.action = [&] { EXPECT_EQ(sonimbra_engine_drop(engine), callsEngine ? 0 : 1); };
         callsEngine ? void(sonimbra_engine_play2d_source(engine, source, 0, 0, 1, 0))
                     : void(sonimbra_source_get_play_length(source));

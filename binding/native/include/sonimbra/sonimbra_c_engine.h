@@ -92,9 +92,9 @@ SONIMBRA_API void SONIMBRA_CALL sonimbra_engine_set_all_sounds_paused(sonimbra_e
 /// The number of registered sources.
 SONIMBRA_API int32_t SONIMBRA_CALL sonimbra_engine_get_sound_source_count(sonimbra_engine* engine);
 
-/// Finds a source by its exact name; an unknown one is added as a file with add_if_not_found. No
-/// reference for the caller, here and in the next ones: the engine owns its sources, and where
-/// other threads may remove them, such a pointer may be gone before it can be grabbed.
+/// Finds a source by its exact name; an unknown one is added as a file with add_if_not_found. One
+/// reference for the caller, here and in the next ones, to be dropped with sonimbra_source_drop;
+/// the engine keeps its own.
 SONIMBRA_API sonimbra_source* SONIMBRA_CALL sonimbra_engine_get_sound_source(
     sonimbra_engine* engine, const char* sound_name, int32_t add_if_not_found);
 /// The source at an index of the registry, which is in the order of the names; null outside.

@@ -54,7 +54,7 @@ SONIMBRA_API int32_t SONIMBRA_CALL sonimbra_recorder_start_recording_with_receiv
 /// Ends the recording, with everything captured until now. Waits for the capture thread.
 SONIMBRA_API void SONIMBRA_CALL sonimbra_recorder_stop_recording_audio(sonimbra_recorder* recorder);
 
-/// Adds what was recorded to the engine as a sound source, which gets a copy. No reference for the
+/// Adds what was recorded to the engine as a sound source, which gets a copy. One reference for the
 /// caller. Null while recording, when nothing was recorded, or when the name is null or exists.
 SONIMBRA_API sonimbra_source* SONIMBRA_CALL sonimbra_recorder_add_sound_source_from_recorded_audio(
     sonimbra_recorder* recorder, const char* sound_name);

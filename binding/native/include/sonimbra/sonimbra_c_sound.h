@@ -23,7 +23,7 @@ SONIMBRA_API void SONIMBRA_CALL sonimbra_sound_grab(sonimbra_sound* sound);
 /// the sound plays, so dropping a sound does not end it.
 SONIMBRA_API int32_t SONIMBRA_CALL sonimbra_sound_drop(sonimbra_sound* sound);
 
-/// The source it was made from (through an alias: the alias's base); no reference for the caller.
+/// The source it was made from (through an alias: the alias's base); one reference for the caller.
 SONIMBRA_API sonimbra_source* SONIMBRA_CALL sonimbra_sound_get_sound_source(sonimbra_sound* sound);
 
 /// Pauses or resumes. A paused sound is silent and does not advance.
@@ -101,8 +101,8 @@ SONIMBRA_API int32_t SONIMBRA_CALL sonimbra_sound_set_sound_stop_event_receiver(
 /// @}
 
 /// @name Source
-/// One playable sound, known to its engine by a name. The engine owns it: grab a source to keep it
-/// beyond its removal.
+/// One playable sound, known to its engine by a name. Whatever returns a source returns one
+/// reference for the caller, who drops it; the engine keeps its own.
 /// @{
 
 /// Adds one reference.
@@ -158,6 +158,11 @@ sonimbra_source_get_forced_streaming_threshold(sonimbra_source* source);
 /// The decoded samples, as many bytes as the format says, owned by the source; null when it is
 /// streamed. Valid until the source is reloaded or removed.
 SONIMBRA_API void* SONIMBRA_CALL sonimbra_source_get_sample_data(sonimbra_source* source);
+
+/// Copies the decoded samples, at most size bytes of them, while no other thread reloads them.
+/// Returns the bytes copied; 0 when the source is streamed or cannot be opened.
+SONIMBRA_API int32_t SONIMBRA_CALL sonimbra_source_copy_sample_data(sonimbra_source* source,
+                                                                    void* buffer, int32_t size);
 /// @}
 
 #ifdef __cplusplus
