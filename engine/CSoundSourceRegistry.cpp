@@ -16,13 +16,7 @@ CSonimbraSoundSource* CSoundSourceRegistry::add(counted_ptr<CSonimbraSoundSource
     if (Entries.size() == Entries.capacity()) {
         Entries.reallocate(Entries.size() * 2 + 1); // before anything points at the source
     }
-    const auto known = Known.insert(static_cast<const sonimbra::ISoundSource*>(source.get())).first;
-    try {
-        ByName.emplace(source->getName(), source.get());
-    } catch (...) {
-        Known.erase(known);
-        throw;
-    }
+    ByName.emplace(source->getName(), source.get());
     Entries.push_back({source.get()});
     return source.release();
 }
@@ -36,10 +30,12 @@ CSonimbraSoundSource* CSoundSourceRegistry::get(std::int32_t index) {
 }
 
 CSonimbraSoundSource* CSoundSourceRegistry::find(const sonimbra::ISoundSource* source) const {
-    // What is known may be followed, and is a source of this library.
-    return Known.count(source) == 0
-               ? nullptr
-               : static_cast<CSonimbraSoundSource*>(const_cast<sonimbra::ISoundSource*>(source));
+    for (std::uint32_t i = 0; i < Entries.size(); ++i) {
+        if (Entries[i].source == source) {
+            return Entries[i].source;
+        }
+    }
+    return nullptr;
 }
 
 void CSoundSourceRegistry::remove(CSonimbraSoundSource* source) {
@@ -47,14 +43,12 @@ void CSoundSourceRegistry::remove(CSonimbraSoundSource* source) {
         return entry.source == source;
     });
     ByName.erase(source->getName());
-    Known.erase(static_cast<const sonimbra::ISoundSource*>(source));
     Entries.erase(static_cast<std::uint32_t>(found - Entries.begin()));
     source->drop();
 }
 
 void CSoundSourceRegistry::removeAll() {
     ByName.clear();
-    Known.clear();
     Entries.sort();
     for (const SEntry& entry : Entries) {
         entry.source->drop();

@@ -8,7 +8,6 @@
 
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 
 namespace sn_internal {
 
@@ -51,7 +50,6 @@ private:
 
     sonimbra::array<SEntry> Entries;
     std::unordered_map<std::string_view, CSonimbraSoundSource*> ByName;
-    std::unordered_set<const void*> Known; ///< the sources as the application names them
 };
 
 } // namespace sn_internal
