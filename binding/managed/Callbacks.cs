@@ -20,7 +20,11 @@ internal static class Callbacks {
     }
 
     public static void FreeContext(IntPtr context) {
-        GCHandle.FromIntPtr(context).Free();
+        try {
+            GCHandle.FromIntPtr(context).Free();
+        } catch (Exception) {
+            // The runtime is going; it must not reach the library.
+        }
     }
 }
 

@@ -39,7 +39,7 @@ public sealed class IAudioRecorder : IDisposable {
             throw new Exception("sound engine may not be null when creating audio recorder.");
         }
         using (Borrowed native = engine.NativeEngine.Borrow()) {
-            IntPtr recorder = NativeText.TryEncode(deviceID, out byte[] id)
+            IntPtr recorder = !ProcessEnd.HasBegun && NativeText.TryEncode(deviceID, out byte[] id)
                 ? NativeMethods.sonimbra_recorder_create(native.Pointer, driver, id,
                                                                NativeMethods.Version)
                 : IntPtr.Zero;

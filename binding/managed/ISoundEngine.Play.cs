@@ -17,7 +17,7 @@ public sealed partial class ISoundEngine {
     /// </returns>
     public ISound Play2D(ISoundSource source, bool playLooped, bool startPaused,
                          bool enableSoundEffects) {
-        using (Borrowed engine = NativeEngine.Borrow())
+        using (Borrowed engine = BorrowToPlay())
         using (Borrowed native = Borrow(source)) {
             return ISound.Wrap(
                 NativeMethods.sonimbra_engine_play2d_source(engine.Pointer, native.Pointer,
@@ -58,7 +58,7 @@ public sealed partial class ISoundEngine {
         if (!NativeText.TryEncode(soundFilename, out byte[] name)) {
             return null;
         }
-        using (Borrowed engine = NativeEngine.Borrow()) {
+        using (Borrowed engine = BorrowToPlay()) {
             return ISound.Wrap(
                 NativeMethods.sonimbra_engine_play2d(engine.Pointer, name, playLooped, startPaused,
                                                      true, streamMode, enableSoundEffects),
@@ -72,7 +72,7 @@ public sealed partial class ISoundEngine {
     public ISound Play3D(ISoundSource source, float posX, float posY, float posZ, bool playLooped,
                          bool startPaused, bool enableSoundEffects) {
         var position = new Vector3D(posX, posY, posZ);
-        using (Borrowed engine = NativeEngine.Borrow())
+        using (Borrowed engine = BorrowToPlay())
         using (Borrowed native = Borrow(source)) {
             return ISound.Wrap(
                 NativeMethods.sonimbra_engine_play3d_source(engine.Pointer, native.Pointer,
@@ -144,7 +144,7 @@ public sealed partial class ISoundEngine {
         if (!NativeText.TryEncode(soundFilename, out byte[] name)) {
             return null;
         }
-        using (Borrowed engine = NativeEngine.Borrow()) {
+        using (Borrowed engine = BorrowToPlay()) {
             return ISound.Wrap(
                 NativeMethods.sonimbra_engine_play3d(engine.Pointer, name, ref position, playLooped,
                                                      startPaused, true, streamMode,
@@ -179,6 +179,11 @@ public sealed partial class ISoundEngine {
             return NativeText.TryEncode(soundName, out byte[] name) &&
                    NativeMethods.sonimbra_engine_is_currently_playing(engine.Pointer, name);
         }
+    }
+
+    /// <summary>Nothing starts to play once the process ends.</summary>
+    private Borrowed BorrowToPlay() {
+        return new Borrowed(ProcessEnd.HasBegun ? null : NativeEngine);
     }
 
     private static Borrowed Borrow(ISoundSource source) {

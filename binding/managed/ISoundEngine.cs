@@ -48,7 +48,7 @@ public sealed partial class ISoundEngine {
     /// </exception>
     public ISoundEngine(SoundOutputDriver driver, SoundEngineOptionFlag options, string deviceID) {
         NativeMethods.CheckLibrary();
-        IntPtr engine = NativeText.TryEncode(deviceID, out byte[] id)
+        IntPtr engine = !ProcessEnd.HasBegun && NativeText.TryEncode(deviceID, out byte[] id)
             ? NativeMethods.sonimbra_engine_create(driver, options, id, NativeMethods.Version)
             : IntPtr.Zero;
         if (engine == IntPtr.Zero) {
@@ -107,7 +107,7 @@ public sealed partial class ISoundEngine {
     /// <summary>Adds an opener of files, asked before the disk, in the order of adding.</summary>
     /// <remarks>The engine keeps it for its life. Null is ignored.</remarks>
     public void AddFileFactory(IFileFactory fileFactory) {
-        if (fileFactory == null) {
+        if (fileFactory == null || ProcessEnd.HasBegun) {
             return;
         }
         using (Borrowed engine = NativeEngine.Borrow()) {

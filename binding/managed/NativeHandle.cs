@@ -21,7 +21,12 @@ internal abstract class NativeHandle : SafeHandle {
         NativeMethods.sonimbra_engine_grab(engine);
         NativeEngine = engine;
         SetHandle(native);
-        registration = ProcessEnd.Register(this);
+        if (!IsInvalid) { // which is never released
+            registration = ProcessEnd.Register(this);
+            if (ProcessEnd.HasBegun) {
+                Dispose(); // made too late for those that are let go of
+            }
+        }
     }
 
     public override bool IsInvalid {

@@ -3,6 +3,7 @@
 
 using System;
 using System.Collections.Generic;
+using System.Threading;
 
 namespace Sonimbra {
 
@@ -21,7 +22,8 @@ internal static class ProcessEnd {
     }
 
     /// <summary>
-    /// Whether the application no longer expects callbacks; those that come do nothing.
+    /// Whether the application no longer expects callbacks; those that come do nothing. Nothing new
+    /// is made then, either: it would not be let go of.
     /// </summary>
     public static bool HasBegun {
         get { return hasBegun; }
@@ -43,14 +45,22 @@ internal static class ProcessEnd {
     }
 
     private static void LetGo(object sender, EventArgs arguments) {
-        hasBegun = true;
+        // Other threads may be about to wrap what they have just made, or still borrow it.
+        for (int round = 0; round < 50 && LetGoOfAll(); ++round) {
+            Thread.Sleep(5);
+        }
+    }
+
+    private static bool LetGoOfAll() {
         var all = new List<WeakReference>();
         lock (handles) {
+            hasBegun = true;
             all.AddRange(handles);
         }
         foreach (WeakReference reference in all) {
             (reference.Target as NativeHandle)?.Dispose();
         }
+        return all.Count > 0;
     }
 }
 

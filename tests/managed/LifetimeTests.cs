@@ -94,6 +94,28 @@ public class LifetimeTests {
     }
 
     [Test]
+    public void SourcesMayGoWhileOthersFetchThem() {
+        ISoundEngine engine = Support.NullEngine();
+        bool isOver = false;
+        var fetching = new Thread(() => {
+            while (!Volatile.Read(ref isOver)) {
+                using (ISoundSource source = engine.GetSoundSource("tone", false)) {
+                    IsTrue(source == null || source.Name == "tone");
+                    byte[] data = source?.SampleData;
+                    IsTrue(data == null || data.Length > 0);
+                }
+            }
+        });
+        fetching.Start();
+        for (int i = 0; i < 3000; ++i) {
+            Support.AddTone(engine, 10).ForceReloadAtNextUse();
+            engine.RemoveSoundSource("tone");
+        }
+        Volatile.Write(ref isOver, true);
+        fetching.Join();
+    }
+
+    [Test]
     public void ManyThreadsMayDispose() {
         ISoundEngine engine = Support.PlayingEngine();
         ISoundSource tone = Support.AddTone(engine, 300);
@@ -128,6 +150,14 @@ public class LifetimeTests {
             sound.Paused = false;
         }
         Support.WaitUntil(() => events.Text != "", "stop event");
+        var busy = new Thread(() => {
+            while (true) {
+                engine.Play2D("tone")?.setSoundStopEventReceiver(new StopEvents());
+            }
+        });
+        busy.IsBackground = true;
+        busy.Start();
+        Thread.Sleep(100);
         return 7;
     }
 }
