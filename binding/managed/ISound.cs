@@ -12,9 +12,11 @@ namespace Sonimbra {
 /// </summary>
 /// <remarks>
 /// Every member may be called from any thread. Dispose lets go of the sound and of its engine; the
-/// sound itself plays on, and so it does when this object is collected. Once it was disposed, or
-/// its source was removed, setters do nothing and getters return false, 0 or null. A sound with a
-/// stop-event receiver is not collected: it lives until it is disposed.
+/// sound itself plays on, and so it does when this object is collected. Once it was disposed,
+/// setters do nothing and getters return false, 0 or null. Once its source was removed, setters do
+/// nothing, Finished is true, PlayPosition is 0xFFFFFFFF, and Paused, Pan and the distances keep
+/// their values. A sound with a stop-event receiver is not collected: it lives until it is
+/// disposed. Waiting for finalizers inside a callback can wait for ever.
 /// </remarks>
 public sealed class ISound : IDisposable {
     internal readonly SoundHandle NativeSound;
@@ -228,7 +230,8 @@ public sealed class ISound : IDisposable {
     }
 
     /// <summary>
-    /// The sound's effects, always the same object; null when the driver or the sound has none.
+    /// The sound's effects, the same object until it is disposed; null when the driver or the sound
+    /// has none.
     /// </summary>
     public ISoundEffectControl SoundEffectControl {
         get {
@@ -236,11 +239,14 @@ public sealed class ISound : IDisposable {
                 if (!NativeMethods.sonimbra_sound_has_sound_effect_control(sound.Pointer)) {
                     return null;
                 }
-                if (Control == null) {
+                ISoundEffectControl control = Control;
+                if (control == null || control.IsDisposed) {
                     var made = new ISoundEffectControl(sound.Pointer, NativeSound.NativeEngine);
-                    Interlocked.CompareExchange(ref Control, made, null);
+                    ISoundEffectControl other =
+                        Interlocked.CompareExchange(ref Control, made, control);
+                    control = other == control ? made : other;
                 }
-                return Control;
+                return control;
             }
         }
     }
@@ -261,14 +267,16 @@ public sealed class ISound : IDisposable {
     /// </remarks>
     public void setSoundStopEventReceiver(ISoundStopEventReceiver receiver, object userData) {
         using (Borrowed sound = NativeSound.Borrow()) {
-            if (sound.Pointer == IntPtr.Zero) {
+            if (sound.Pointer == IntPtr.Zero || ProcessEnd.HasBegun) {
                 return;
             }
-            // An earlier forwarder is not destroyed: it may be delivering on another thread.
-            NativeSound.Forwarder =
+            IntPtr forwarder =
                 receiver == null ? IntPtr.Zero : EventForwarder.Create(receiver, this, userData);
-            NativeMethods.sonimbra_sound_set_sound_stop_event_receiver(
-                sound.Pointer, NativeSound.Forwarder, IntPtr.Zero);
+            // An earlier forwarder is not destroyed: it may be delivering on another thread.
+            NativeSound.Forwarder = forwarder;
+            NativeSound.HasListened |= forwarder != IntPtr.Zero;
+            NativeMethods.sonimbra_sound_set_sound_stop_event_receiver(sound.Pointer, forwarder,
+                                                                       IntPtr.Zero);
         }
     }
 }

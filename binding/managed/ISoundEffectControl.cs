@@ -10,10 +10,11 @@ namespace Sonimbra {
 /// </summary>
 /// <remarks>
 /// Each enable member switches the effect on, or changes its parameters when it is on; it returns
-/// false when the sound has ended. The parameters' units and ranges are DirectSound's (the DSFX
-/// structures); the forms without parameters pass usual ones. Any thread may call the members.
-/// This object keeps the sound and the engine until it is disposed or collected; after Dispose its
-/// members do nothing and return false.
+/// false when the sound has ended or DirectSound refuses. The sound must last 150 ms or longer;
+/// once DirectSound has refused an effect, it refuses later ones until that one is disabled.
+/// The parameters' units and ranges are DirectSound's (the DSFX structures); the forms without
+/// parameters pass usual ones. Any thread may call the members. This object keeps the sound and the
+/// engine until it is disposed or collected; after Dispose its members do nothing and return false.
 /// </remarks>
 public sealed class ISoundEffectControl : IDisposable {
     private readonly SoundHandle NativeSound;
@@ -21,6 +22,10 @@ public sealed class ISoundEffectControl : IDisposable {
     internal ISoundEffectControl(IntPtr sound, IntPtr engine) {
         NativeMethods.sonimbra_sound_grab(sound);
         NativeSound = new SoundHandle(sound, engine);
+    }
+
+    internal bool IsDisposed {
+        get { return NativeSound.IsClosed; }
     }
 
     /// <summary>Lets go of the sound; its effects stay as they are.</summary>

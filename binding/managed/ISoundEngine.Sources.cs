@@ -89,7 +89,7 @@ public sealed partial class ISoundEngine {
     /// cannot be read or throws; otherwise as AddSoundSourceFromMemory.
     /// </summary>
     public ISoundSource AddSoundSourceFromIOStream(Stream stream, string soundName) {
-        if (stream == null || soundName == null) {
+        if (stream == null || soundName == null || !NativeText.TryEncode(soundName, out _)) {
             return null;
         }
         byte[] data;

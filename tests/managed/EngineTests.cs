@@ -92,6 +92,7 @@ public class EngineTests {
         Support.AssertKeeps(engine, "SoundVolume", 0.5f, "Default3DSoundMinDistance", 2f,
                             "Default3DSoundMaxDistance", 30f);
         IsTrue(engine.Name == "NULL" && !engine.IsMultiThreaded);
+        IsTrue(new ISoundEngine(SoundOutputDriver.NullDriver).IsMultiThreaded);
         engine.SetListenerPosition(new Vector3D(1, 2, 3), new Vector3D(0, 0, 1));
         engine.SetListenerPosition(1, 2, 3, 0, 0, 1);
         engine.SetListenerPosition(1, 2, 3, 0, 0, 1, 4, 5, 6, 0, 1, 0);

@@ -83,6 +83,7 @@ public class FileFactoryTests {
         AreEqual(framesOfStream, source == null ? 0 : source.AudioFormat.FrameCount);
         IsFalse(given.IsClosed);
         IsNull(engine.AddSoundSourceFromIOStream(null, "null"));
+        IsNull(engine.AddSoundSourceFromIOStream(new OddStream(1, ""), new string('x', 2024)));
         IsNull(engine.AddSoundSourceFromIOStream(new MemoryStream(), "empty"));
     }
 
