@@ -81,6 +81,7 @@ public class EngineTests {
                  thrownBy(() => new IAudioRecorder(null)));
         AreEqual("Sonimbra audio recorder" + NotCreated,
                  thrownBy(() => new IAudioRecorder(engine)));
+        Throws<Exception>(() => new IAudioRecorder(engine, SoundOutputDriver.ALSA, "no-such-pcm"));
         StringAssert.Contains("version 2", Throws<InvalidOperationException>(
             () => NativeMethods.CheckInterfaceVersion(2)).Message);
     }

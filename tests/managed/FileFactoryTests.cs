@@ -85,6 +85,12 @@ public class FileFactoryTests {
         IsNull(engine.AddSoundSourceFromIOStream(null, "null"));
         IsNull(engine.AddSoundSourceFromIOStream(new OddStream(1, ""), new string('x', 2024)));
         IsNull(engine.AddSoundSourceFromIOStream(new MemoryStream(), "empty"));
+        var behindJunk = new MemoryStream();
+        behindJunk.WriteByte(1);
+        behindJunk.Write(Support.Wav(100), 0, Support.Wav(100).Length);
+        behindJunk.Position = 1;
+        source = engine.AddSoundSourceFromIOStream(behindJunk, "behind.wav");
+        AreEqual(100, source.AudioFormat.FrameCount);
     }
 
     [Test]
