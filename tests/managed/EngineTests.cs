@@ -5,6 +5,7 @@ using System;
 using System.IO;
 using System.Linq;
 using System.Reflection;
+using System.Runtime.InteropServices;
 using NUnit.Framework;
 using static NUnit.Framework.Assert;
 
@@ -69,6 +70,10 @@ public class EngineTests {
             AreEqual(name, engine.GetSoundSource(name, false).Name);
         }
         AreEqual("a\uFFFDb", engine.GetSoundSource("a\uD83Db").Name); // half a pair
+        IntPtr text = Marshal.AllocHGlobal(4);
+        Marshal.Copy(new byte[] { 0x61, 0xFF, 0x62, 0 }, 0, text, 4);
+        AreEqual("a\uFFFDb", NativeText.Decode(text)); // no UTF-8
+        Marshal.FreeHGlobal(text);
     }
 
     [Test]
@@ -94,10 +99,7 @@ public class EngineTests {
                             "Default3DSoundMaxDistance", 30f);
         IsTrue(engine.Name == "NULL" && !engine.IsMultiThreaded);
         IsTrue(new ISoundEngine(SoundOutputDriver.NullDriver).IsMultiThreaded);
-        engine.SetListenerPosition(new Vector3D(1, 2, 3), new Vector3D(0, 0, 1));
         engine.SetListenerPosition(1, 2, 3, 0, 0, 1);
-        engine.SetListenerPosition(1, 2, 3, 0, 0, 1, 4, 5, 6, 0, 1, 0);
-        engine.SetDopplerEffectParameters(1, 2);
         engine.SetRolloffFactor(3);
         engine.Update();
         IsTrue(engine.LoadPlugins(Path.GetTempPath()));

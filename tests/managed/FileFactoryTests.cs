@@ -1,7 +1,9 @@
 // Copyright (c) 2026 The Sonimbra developers
 // SPDX-License-Identifier: Zlib
 
+using System;
 using System.IO;
+using System.Runtime.InteropServices;
 using NUnit.Framework;
 using static NUnit.Framework.Assert;
 
@@ -20,6 +22,8 @@ public class FileFactoryTests {
         public override bool CanRead => oddity != "write-only";
         public override bool CanSeek => oddity != "cannot seek";
         public override long Length => base.Length + Extra("length");
+
+        public override long Position => base.Position + Extra("position");
 
         public override int Read(byte[] buffer, int offset, int count) =>
             (int)(base.Read(buffer, offset, count) + Extra("count"));
@@ -58,20 +62,39 @@ public class FileFactoryTests {
         File.Delete(file);
     }
 
-    [TestCase("", 100, 100)]
-    [TestCase("write-only", 0, 0)]
-    [TestCase("cannot seek", 0, 100)]
-    [TestCase("throws at count", 0, 0)]
-    [TestCase("throws at seek", 0, 100)]
-    [TestCase("throws at length", 100, 0)]
-    [TestCase("throws at close", 100, 100)]
-    [TestCase("length 1000000", 100, 100)]
-    [TestCase("length -10", 100, 100)]
-    [TestCase("length 5000000000", 100, 0)]
-    [TestCase("length -1000000", 100, 0)]
-    [TestCase("count 1000000", 0, 100)]
-    [TestCase("count -1000000", 0, 100)]
-    public void SurvivesOddStreams(string oddity, int framesOfFile, int framesOfStream) {
+    /// <summary>What the engine is told when it seeks to the "A" of "WAVE" and reads it.</summary>
+    private static string Answers(Stream stream) {
+        IntPtr context = Support.Context<StreamForwarder>(stream), bytes = Marshal.AllocHGlobal(4);
+        var calls = (NativeMethods.FileReaderCallbacks)Support.CallbacksOf<StreamForwarder>(
+            "callbacks");
+        Marshal.WriteByte(bytes, 0);
+        string answers = calls.Seek(context, 8, false) + " " + calls.Seek(context, 1, true) + " " +
+                         calls.GetPos(context) + " " + calls.GetSize(context) + " " +
+                         calls.Read(context, bytes, 4) + " " + (char)Marshal.ReadByte(bytes);
+        Marshal.FreeHGlobal(bytes);
+        calls.Release(context);
+        return answers;
+    }
+
+    [TestCase("", 100, 100, "True True 9 244 4 A")]
+    [TestCase("write-only", 0, 0, "True True 9 244 0 \0")]
+    [TestCase("cannot seek", 0, 100, "False False 0 244 4 R")]
+    [TestCase("throws at count", 0, 0, "True True 9 244 0 \0")]
+    [TestCase("throws at seek", 0, 100, "False False 9 244 4 A")]
+    [TestCase("throws at length", 100, 0, "True True 9 -1 4 A")]
+    [TestCase("throws at position", 100, 100, "True True -1 244 4 A")]
+    [TestCase("throws at close", 100, 100, "True True 9 244 4 A")]
+    [TestCase("position 5000000000", 100, 100, "True True 705032713 244 4 A")]
+    [TestCase("length 1000000", 100, 100, "True True 9 1000244 4 A")]
+    [TestCase("length -10", 100, 100, "True True 9 234 4 A")]
+    [TestCase("length 5000000000", 100, 0, "True True 9 705032948 4 A")]
+    [TestCase("length -1000000", 100, 0, "True True 9 -999756 4 A")]
+    [TestCase("count 1000000", 0, 100, "True True 9 244 0 \0")]
+    [TestCase("count -1000000", 0, 100, "True True 9 244 0 \0")]
+    [TestCase("count -2", 0, 100, "True True 9 244 2 A")]
+    public void SurvivesOddStreams(string oddity, int framesOfFile, int framesOfStream,
+                                   string answers) {
+        AreEqual(answers, Answers(new OddStream(100, oddity)));
         ISoundEngine engine = Support.NullEngine();
         OddStream opened = null;
         engine.AddFileFactory(new Factory(name => opened = new OddStream(100, oddity)));

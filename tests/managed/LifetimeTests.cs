@@ -27,23 +27,27 @@ public class LifetimeTests {
         return engine;
     }
 
+    private static IDisposable Wrapper(string kind, ISoundEngine engine) {
+        ISoundSource source = Support.AddTone(engine, Support.Rate);
+        return kind == "source" ? source
+             : kind == "sound" ? engine.Play2D(source, true, false, false)
+             : kind == "effects" ? Support.Effects(engine.Play2D(source, true, false, false))
+             : (IDisposable)Support.Recorder(engine);
+    }
+
     [Test]
-    public void EnginesEndWithTheirLastWrapper() {
-        var kept = new List<IDisposable>(); // three for each engine
+    public void EnginesEndWithTheirLastWrapper(
+        [Values("source", "sound", "effects", "recorder")] string kind) {
+        var kept = new List<IDisposable>();
         Support.OnAThread(() => {
             for (int i = 0; i < 4; ++i) {
-                ISoundEngine engine = Watch(Support.PlayingEngine());
-                ISoundSource source = Support.AddTone(engine, Support.Rate);
-                kept.Add(engine.Play2D(source, true, false, false));
-                kept.Add(source);
-                kept.Add(Support.Recorder(engine));
+                kept.Add(Wrapper(kind, Watch(Support.PlayingEngine())));
             }
         });
-        for (int first = 0; first < 3; ++first) {
-            Support.Collect();
-            IsTrue(watched.All(end => end.IsAlive));
-            kept.Where((wrapper, i) => i % 3 == first).ToList().ForEach(w => w.Dispose());
-        }
+        Support.Collect();
+        Support.Collect();
+        IsTrue(watched.All(end => end.IsAlive));
+        kept.ForEach(wrapper => wrapper.Dispose());
         Support.WaitUntilMostAreCollected(watched);
     }
 

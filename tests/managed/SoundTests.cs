@@ -120,6 +120,17 @@ public class SoundTests {
     }
 
     [Test]
+    public void TellsAReceiverOnlyOnce() {
+        IntPtr context = Support.Context<EventForwarder>(events, null, "data");
+        var deliver = (NativeMethods.OnSoundStopped)Support.CallbacksOf<EventForwarder>(
+            "DeliverCallback");
+        deliver(context, IntPtr.Zero, StopEventCause.SoundStoppedByUser, IntPtr.Zero);
+        deliver(context, IntPtr.Zero, StopEventCause.SoundFinishedPlaying, IntPtr.Zero);
+        AreEqual("StoppedByUser data", events.Text);
+        Callbacks.FreeContext(context);
+    }
+
+    [Test]
     public void RecordsWhatIsPlayedIntoASource() {
         IAudioRecorder recorder = Support.Recorder(engine);
         IsFalse(recorder.StartRecordingBufferedAudio(-1, SampleFormat.Signed16Bit, 1));
@@ -166,10 +177,7 @@ public class SoundTests {
     public void HasNoEffectsHere() {
         ISound sound = engine.Play2D(tone, true, false, true);
         IsNull(sound.SoundEffectControl);
-        ISoundEffectControl effects;
-        using (Borrowed native = sound.NativeSound.Borrow()) {
-            effects = new ISoundEffectControl(native.Pointer, sound.NativeSound.NativeEngine);
-        }
+        ISoundEffectControl effects = Support.Effects(sound);
         sound.Dispose();
         EngineTests.AssertNeutral(effects); // it was disposed just now: once more
         EngineTests.AssertNeutral(effects);

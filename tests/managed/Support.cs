@@ -5,6 +5,7 @@ using System;
 using System.Collections.Generic;
 using System.IO;
 using System.Linq;
+using System.Reflection;
 using System.Threading;
 using NUnit.Framework;
 
@@ -55,6 +56,22 @@ internal static class Support {
         var values = namesAndValues.Where(value => !(value is string)).ToList();
         properties.ForEach(p => p.SetValue(target, values[properties.IndexOf(p)]));
         Assert.AreEqual(values, properties.Select(p => p.GetValue(target)));
+    }
+
+    /// <summary>A static field of such a forwarder: what the library calls.</summary>
+    public static object CallbacksOf<T>(string field) =>
+        typeof(T).GetField(field, BindingFlags.Static | BindingFlags.NonPublic).GetValue(null);
+
+    /// <summary>What the library passes to those: a forwarder with such arguments.</summary>
+    public static IntPtr Context<T>(params object[] arguments) =>
+        Callbacks.CreateContext(typeof(T).GetConstructors(
+            BindingFlags.Instance | BindingFlags.NonPublic)[0].Invoke(arguments));
+
+    /// <summary>An effect control even where the driver has none.</summary>
+    public static ISoundEffectControl Effects(ISound sound) {
+        using (Borrowed native = sound.NativeSound.Borrow()) {
+            return new ISoundEffectControl(native.Pointer, sound.NativeSound.NativeEngine);
+        }
     }
 
     public static void WaitUntil(Func<bool> condition, string what) =>

@@ -97,6 +97,7 @@ public class ValueTests {
         Func<float, float> between = d => V(4, 0, 0).GetInterpolated(V(0, 0, 0), d).X;
         AreEqual(new[] { 4.0f, 0, 1, 8 }, new[] { 1, 0, 0.25f, 2 }.Select(between));
         AreEqual(V(0, 3, 0), V(0, 0, 0).GetInterpolated(V(0, 4, 0), 0.25f));
+        AreEqual(6.3f, V(0, 0, 0).GetInterpolated(V(0, 0, 7), 0.1f).Z); // single gives 6.29999971
     }
 
     [TestCase("", "(1, 2.5, -3)")]
