@@ -21,18 +21,15 @@ public class CallTests {
     [DllImport("sonimbra")]
     private static extern IntPtr last_call();
 
-    private static string LastCall => Marshal.PtrToStringAnsi(last_call());
-
     private static void AssertCalls(string expected, Action action) {
         action();
-        AreEqual(expected, LastCall);
+        AreEqual(expected, Marshal.PtrToStringAnsi(last_call()));
     }
 
     [SetUp]
     public void CreateEngine() {
         return_from_now_on(1); // as version, then as engine
         engine = Support.NullEngine();
-        AreEqual("engine_create 6 0 null 1.5.0", LastCall);
     }
 
     [TestCase("Chorus", "chorus", "50 10 25 1.1 1 16 90")]
@@ -48,13 +45,14 @@ public class CallTests {
     public void SwitchesEffects(string effect, string entry, string usual) {
         return_from_now_on(7);
         ISoundEffectControl control = engine.Play2D("x").SoundEffectControl;
-        MethodInfo[] enable = control.GetType().GetMethods()
-            .Where(m => m.Name == "Enable" + effect + "SoundEffect")
-            .OrderBy(m => m.GetParameters().Length).ToArray();
+        Type type = typeof(ISoundEffectControl);
+        MethodInfo[] enable = type.GetMethods().Where(
+            m => m.Name == "Enable" + effect + "SoundEffect").ToArray();
+        Array.Sort(enable, (a, b) => a.GetParameters().Length - b.GetParameters().Length);
         object[] given = enable[1].GetParameters().Select((p, i) => Convert.ChangeType(
             p.ParameterType == typeof(bool) ? 0 : i + 1.25, p.ParameterType)).ToArray();
-        PropertyInfo isEnabled = control.GetType().GetProperty("Is" + effect + "SoundEffectEnabled");
-        MethodInfo disable = control.GetType().GetMethod("Disable" + effect + "SoundEffect");
+        PropertyInfo isEnabled = type.GetProperty("Is" + effect + "SoundEffectEnabled");
+        MethodInfo disable = type.GetMethod("Disable" + effect + "SoundEffect");
 
         string start = "effects_enable_" + entry + " 7 ";
         foreach (bool result in new[] { false, true }) {
@@ -77,9 +75,6 @@ public class CallTests {
                     () => engine.SetListenerPosition(1, 2, 3, 4, 5, 6));
         AssertCalls("engine_set_doppler_effect_parameters 1 2 3",
                     () => engine.SetDopplerEffectParameters(2, 3));
-        AssertCalls("engine_play2d 1 x 1 0 1 2 1", () => engine.Play2D(
-            "x", true, false, StreamMode.NoStreaming, true));
-        return_from_now_on(1);
         AssertCalls("device_list_create 4 1.5.0", () => new ISoundDeviceList(
             SoundDeviceListType.PlaybackDevice, SoundOutputDriver.ALSA));
         AssertCalls("device_list_create_recording 2 1.5.0", () => new ISoundDeviceList(

@@ -1,11 +1,7 @@
 #!/usr/bin/env python3
 # Copyright (c) 2026 The Sonimbra developers
 # SPDX-License-Identifier: Zlib
-"""make_noting_library.py HEADER...: prints C code of a library that only notes how it is called.
-
-Each entry point of the headers leaves its name and its arguments as a text, see CallTests.cs; but
-for the references that every wrapper takes.
-"""
+"""make_noting_library.py HEADER...: prints a library in C that only notes how it is called."""
 
 import re
 import sys
@@ -18,7 +14,7 @@ FORMATS = {  # of the argument's type: printf's, and what it prints
     "const sonimbra_vec3d*": ("%g %g %g", "{0}->x, {0}->y, {0}->z"),
 }
 OTHERS = ("%d", "(int)(intptr_t){}")
-# The finalizers' thread calls too, so each thread has its own note.
+# Name and arguments of the last call, in each thread, as finalizers call too.
 HEAD = """#include <sonimbra/sonimbra_c.h>
 #include <stdio.h>
 static _Thread_local char note[500];
@@ -34,9 +30,10 @@ def definition(entry):
     text = " ".join([name.replace("sonimbra_", "")] + [form for (form, _), _ in formats])
     values = "".join(", " + value.format(argument) for (_, value), argument in formats)
     end = "" if result == "void" else f" return ({result})result;"
+    # Every wrapper begins with a grab.
     call = "" if name.endswith("_grab") else f'sprintf(note, "{text}"{values});'
     return f"{result} {name}({parameters}) {{ {call}{end} }}"
 
 
-headers = "\n".join(Path(header).read_text() for header in sys.argv[1:])
+headers = "".join(Path(header).read_text() for header in sys.argv[1:])
 print(HEAD, *map(definition, ENTRY.findall(headers)), sep="\n")
