@@ -45,25 +45,22 @@ public class CallTests {
     public void SwitchesEffects(string effect, string entry, string usual) {
         return_from_now_on(7);
         ISoundEffectControl control = engine.Play2D("x").SoundEffectControl;
-        Type type = typeof(ISoundEffectControl);
-        MethodInfo[] enable = type.GetMethods().Where(
-            m => m.Name == "Enable" + effect + "SoundEffect").ToArray();
-        Array.Sort(enable, (a, b) => a.GetParameters().Length - b.GetParameters().Length);
+        Func<string, MethodInfo[]> find = name => control.GetType().GetMethods().Where(
+            m => m.Name == string.Format(name, effect + "SoundEffect")).ToArray();
+        MethodInfo[] enable = find("Enable{0}"); // without parameters, then with all
         object[] given = enable[1].GetParameters().Select((p, i) => Convert.ChangeType(
             p.ParameterType == typeof(bool) ? 0 : i + 1.25, p.ParameterType)).ToArray();
-        PropertyInfo isEnabled = type.GetProperty("Is" + effect + "SoundEffectEnabled");
-        MethodInfo disable = type.GetMethod("Disable" + effect + "SoundEffect");
-
         string start = "effects_enable_" + entry + " 7 ";
         foreach (bool result in new[] { false, true }) {
             return_from_now_on(result ? 1 : 0);
             AssertCalls(start + string.Join(" ", given.Select(Convert.ToSingle)),
                         () => AreEqual(result, enable[1].Invoke(control, given)));
             AssertCalls(start + usual, () => AreEqual(result, enable[0].Invoke(control, null)));
-            AssertCalls("effects_is_" + entry + "_enabled 7",
-                        () => AreEqual(result, isEnabled.GetValue(control)));
+            AssertCalls("effects_is_" + entry + "_enabled 7", () => AreEqual(
+                result, find("get_Is{0}Enabled").Single().Invoke(control, null)));
         }
-        AssertCalls("effects_disable_" + entry + " 7", () => disable.Invoke(control, null));
+        AssertCalls("effects_disable_" + entry + " 7",
+                    () => find("Disable{0}").Single().Invoke(control, null));
         AssertCalls("effects_disable_all 7", control.DisableAllEffects);
     }
 
