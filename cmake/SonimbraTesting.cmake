@@ -103,6 +103,9 @@ function(sonimbra_add_test_plugins target folder)
 
   add_dependencies(${target} snpwild snphollow snptone SNPLOUD)
   set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${output}$<0:>")
+  if(NOT MSVC AND NOT SONIMBRA_SANITIZE)
+    target_compile_options(snptone PRIVATE -fno-rtti) # a plug-in may be made without
+  endif()
   if(SONIMBRA_SANITIZE)
     # Plug-ins then share its type information, which the sanitizer compares by address.
     set_target_properties(${target} PROPERTIES ENABLE_EXPORTS ON)

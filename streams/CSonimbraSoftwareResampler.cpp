@@ -28,12 +28,13 @@ bool CSonimbraSoftwareStreamResamplerBase::setPosition(std::int32_t sourceFrame)
     return Source && Source->setPosition(sourceFrame);
 }
 
-CSonimbraSoftwareStreamResamplerBase* createStreamResampler(std::int32_t outputRate,
-                                                            sonimbra::IAudioStream* source) {
+CSonimbraSoftwareStreamResamplerBase*
+createStreamResampler(std::int32_t outputRate, sonimbra::IAudioStream* source,
+                      CSonimbraBufferedSamplesAudioStream* samples) {
     if (source == nullptr) {
         return new CSonimbraSoftwareStreamResamplerBase(outputRate, nullptr);
     }
-    return new CSonimbraSoftwareStreamResampler(outputRate, source);
+    return new CSonimbraSoftwareStreamResampler(outputRate, source, samples);
 }
 
 } // namespace sn_internal

@@ -9,6 +9,8 @@
 
 namespace sn_internal {
 
+class CSonimbraBufferedSamplesAudioStream;
+
 /// Something that delivers signed 16-bit stereo at an output rate.
 class CSonimbraSoftwareResampler : public sonimbra::IRefCounted {
 public:
@@ -56,7 +58,9 @@ protected:
 
 /// Makes a resampler with one reference for the caller: a cubic one for a stream (also when the
 /// rates are equal), the bare base for null.
-CSonimbraSoftwareStreamResamplerBase* createStreamResampler(std::int32_t outputRate,
-                                                            sonimbra::IAudioStream* source);
+///   samples  the source, when it is a stream over samples in memory: they are read in place then
+CSonimbraSoftwareStreamResamplerBase*
+createStreamResampler(std::int32_t outputRate, sonimbra::IAudioStream* source,
+                      CSonimbraBufferedSamplesAudioStream* samples = nullptr);
 
 } // namespace sn_internal

@@ -35,18 +35,15 @@ bool isSixteenBit(const sonimbra::SAudioStreamFormat& format) {
 
 } // namespace
 
-CSonimbraSoftwareStreamResampler::CSonimbraSoftwareStreamResampler(std::int32_t outputRate,
-                                                                   sonimbra::IAudioStream* source)
+CSonimbraSoftwareStreamResampler::CSonimbraSoftwareStreamResampler(
+    std::int32_t outputRate, sonimbra::IAudioStream* source,
+    CSonimbraBufferedSamplesAudioStream* samples)
     : CSonimbraSoftwareStreamResamplerBase(outputRate, source),
       Channels(SourceFormat.ChannelCount == 2) {
     fillDumbTables();
-    if (isSixteenBit(SourceFormat)) {
-        View = dynamic_cast<CSonimbraBufferedSamplesAudioStream*>(source);
-    }
-    if (View != nullptr && !View->isAlignedFor16Bit()) {
-        View = nullptr;
-    }
-    if (View == nullptr) {
+    if (samples != nullptr && isSixteenBit(SourceFormat) && samples->isAlignedFor16Bit()) {
+        View = samples;
+    } else {
         Buffer = std::make_unique<std::int16_t[]>(2 * BufferFrames);
     }
     restart();

@@ -15,7 +15,8 @@ namespace sn_internal {
 /// DUMB's cubic resampler does. Nothing is allocated while reading.
 class CSonimbraSoftwareStreamResampler final : public CSonimbraSoftwareStreamResamplerBase {
 public:
-    CSonimbraSoftwareStreamResampler(std::int32_t outputRate, sonimbra::IAudioStream* source);
+    CSonimbraSoftwareStreamResampler(std::int32_t outputRate, sonimbra::IAudioStream* source,
+                                     CSonimbraBufferedSamplesAudioStream* samples);
 
     std::int32_t read(std::int16_t* target, std::int32_t frameCount, float speed) override;
     bool setPosition(std::int32_t sourceFrame) override;

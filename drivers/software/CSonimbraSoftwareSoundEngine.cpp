@@ -72,17 +72,18 @@ bool CSonimbraSoftwareSoundEngine::setMixedDataOutputReceiver(
     return true;
 }
 
-sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverSound(
-    CSonimbraBufferedSamples* samples, sonimbra::ISoundSource* source, bool looped, bool is3D,
-    float minDistance, float maxDistance, bool enableSoundEffects) {
+sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverSound(CSonimbraBufferedSamples* samples,
+                                                                  sonimbra::ISoundSource* source,
+                                                                  bool looped, bool,
+                                                                  float minDistance,
+                                                                  float maxDistance, bool) {
     if (samples == nullptr) {
         return nullptr;
     }
     const CScopedLock lock(getLock());
-    const auto stream = counted_ptr<sonimbra::IAudioStream>::adopt(
+    const auto stream = counted_ptr<CSonimbraBufferedSamplesAudioStream>::adopt(
         new CSonimbraBufferedSamplesAudioStream(samples));
-    return createDriverStream(stream.get(), source, looped, is3D, minDistance, maxDistance,
-                              enableSoundEffects);
+    return createSound(stream.get(), stream.get(), source, looped, minDistance, maxDistance);
 }
 
 sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverStream(sonimbra::IAudioStream* stream,
@@ -90,13 +91,21 @@ sonimbra::ISound* CSonimbraSoftwareSoundEngine::createDriverStream(sonimbra::IAu
                                                                    bool looped, bool,
                                                                    float minDistance,
                                                                    float maxDistance, bool) {
+    const CScopedLock lock(getLock());
+    return createSound(stream, nullptr, source, looped, minDistance, maxDistance);
+}
+
+/// Of what kind a stream is cannot be asked: it may be the application's, made without type
+/// information.
+sonimbra::ISound* CSonimbraSoftwareSoundEngine::createSound(
+    sonimbra::IAudioStream* stream, CSonimbraBufferedSamplesAudioStream* samples,
+    sonimbra::ISoundSource* source, bool looped, float minDistance, float maxDistance) {
     auto* own = dynamic_cast<CSonimbraSoundSource*>(source);
     if (own == nullptr || !own->belongsTo(getLink())) {
         return nullptr;
     }
-    const CScopedLock lock(getLock());
     return new sonimbra::CVirtualUnknown<CSonimbraSoftwareSound>(
-        getLink(), own, stream, getOutputRate(), looped, minDistance, maxDistance);
+        getLink(), own, stream, samples, getOutputRate(), looped, minDistance, maxDistance);
 }
 
 bool CSonimbraSoftwareSoundEngine::hasActiveSound() const {
@@ -128,9 +137,11 @@ void CSonimbraSoftwareSoundEngine::mixBlock(std::int16_t* target, std::int32_t f
     const CPlayingSounds::CWalk walk(getSounds());
     CMixBlock block(frameCount);
     CLookahead lookahead(getSounds().getPlaying(), frameCount);
-    for (CSonimbraSound* playing : getSounds().getPlaying()) {
+    // Sounds that are started from inside come at the end: they begin with the next block.
+    auto playing = getSounds().getPlaying().begin();
+    for (std::uint32_t i = getSounds().getPlaying().getSize(); i > 0; --i, ++playing) {
         lookahead.advance();
-        CSonimbraSoftwareSound& sound = toSoftwareSound(playing);
+        CSonimbraSoftwareSound& sound = toSoftwareSound(*playing);
         if (sound.isActive() && !sound.isPaused()) {
             sound.render(block);
         }

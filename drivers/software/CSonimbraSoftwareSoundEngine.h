@@ -7,6 +7,8 @@
 
 namespace sn_internal {
 
+class CSonimbraBufferedSamplesAudioStream;
+
 class CSonimbraSoftwareSound;
 
 /// An engine that mixes all sounds itself into one 16-bit stereo stream, for an output back end
@@ -38,6 +40,10 @@ protected:
     void mix(std::int16_t* target, std::int32_t frameCount);
 
 private:
+    sonimbra::ISound* createSound(sonimbra::IAudioStream* stream,
+                                  CSonimbraBufferedSamplesAudioStream* samples,
+                                  sonimbra::ISoundSource* source, bool looped, float minDistance,
+                                  float maxDistance);
     bool hasActiveSound() const;
     void mixBlock(std::int16_t* target, std::int32_t frameCount);
 
