@@ -38,11 +38,13 @@ CPlayingSounds::CList::iterator CPlayingSounds::mark(CList::iterator it) {
     return ++it;
 }
 
-/// Letting go of a sound's stream may call the application as well, so this is a walk itself.
+/// Letting go of a sound's stream may call the application as well, so this is a walk itself. What
+/// it starts then is none of those that are meant.
 template <class F>
 void CPlayingSounds::reapIf(F&& condition) {
     const CWalk walk(*this);
-    for (auto it = Playing.begin(); it != Playing.end();) {
+    auto it = Playing.begin();
+    for (std::uint32_t i = Playing.getSize(); i > 0; --i) {
         if (!condition(**it)) {
             ++it;
         } else {

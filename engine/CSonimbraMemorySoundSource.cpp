@@ -10,10 +10,16 @@
 namespace sn_internal {
 namespace {
 
-const char* copyOf(const void* memory, std::int32_t sizeInBytes) {
-    auto* copy = new char[static_cast<std::size_t>(sizeInBytes)];
-    std::memcpy(copy, memory, static_cast<std::size_t>(sizeInBytes));
+std::shared_ptr<const char[]> copyOf(const void* memory, std::int32_t sizeInBytes) {
+    const auto size = static_cast<std::size_t>(sizeInBytes);
+    std::shared_ptr<char[]> copy(new char[size]);
+    std::memcpy(copy.get(), memory, size);
     return copy;
+}
+
+/// The caller's own memory, which nobody lets go of here.
+std::shared_ptr<const char[]> borrowed(const void* memory) {
+    return {std::shared_ptr<const char[]>(), static_cast<const char*>(memory)};
 }
 
 } // namespace
@@ -22,22 +28,12 @@ CSonimbraMemorySoundSource::CSonimbraMemorySoundSource(const CEngineLinkPtr& lin
                                                        const void* memory, std::int32_t sizeInBytes,
                                                        bool copyMemory)
     : CSonimbraSoundSource(link, name, sonimbra::E_STREAM_MODE::NoStreaming),
-      Data(copyMemory && memory != nullptr ? copyOf(memory, sizeInBytes)
-                                           : static_cast<const char*>(memory)),
-      SizeInBytes(sizeInBytes),
-      OwnsCopy(copyMemory && memory != nullptr) {
-}
-
-CSonimbraMemorySoundSource::~CSonimbraMemorySoundSource() {
-    const CScopedLock lock(getLock());
-    detachAllSounds(); // a streamed sound may still read the data
-    if (OwnsCopy) {
-        delete[] Data;
-    }
+      Data(copyMemory && memory != nullptr ? copyOf(memory, sizeInBytes) : borrowed(memory)),
+      SizeInBytes(sizeInBytes) {
 }
 
 sonimbra::IFileReader* CSonimbraMemorySoundSource::openFile(io::IFileSystem*) {
-    return new io::CMemoryReadFile(Data, SizeInBytes, getName(), false);
+    return new io::CMemoryReadFile(Data, SizeInBytes, getName());
 }
 
 } // namespace sn_internal

@@ -5,6 +5,8 @@
 
 #include "engine/CSonimbraSoundSource.h"
 
+#include <memory>
+
 namespace sn_internal {
 
 /// An encoded file that stands in memory. Without a copy the bytes stay the caller's.
@@ -12,14 +14,11 @@ class CSonimbraMemorySoundSource : public CSonimbraSoundSource {
 public:
     CSonimbraMemorySoundSource(const CEngineLinkPtr& link, const char* name, const void* memory,
                                std::int32_t sizeInBytes, bool copyMemory);
-    ~CSonimbraMemorySoundSource() override;
-
     sonimbra::IFileReader* openFile(io::IFileSystem* fileSystem) override;
 
 private:
-    const char* Data;
+    const std::shared_ptr<const char[]> Data; ///< which decoders may use longer than the source
     const std::int32_t SizeInBytes;
-    const bool OwnsCopy;
 };
 
 } // namespace sn_internal

@@ -55,6 +55,7 @@ bool CSonimbraSound::getIsPaused() {
 }
 
 void CSonimbraSound::stop() {
+    const auto held = counted_ptr<CSonimbraSound>::share(this); // its decoder may drop it
     const CScopedLock lock(getLock());
     if (isAttached()) {
         StoppedByUser = true;

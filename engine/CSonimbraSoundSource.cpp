@@ -34,6 +34,17 @@ private:
     const CScopedLock Lock;
 };
 
+class CSonimbraSoundSource::COpening {
+public:
+    explicit COpening(CSonimbraSoundSource& source) : Source(source) { Source.IsOpening = true; }
+    ~COpening() { Source.IsOpening = false; }
+    COpening(const COpening&) = delete;
+    COpening& operator=(const COpening&) = delete;
+
+private:
+    CSonimbraSoundSource& Source;
+};
+
 CSonimbraSoundSource::CSonimbraSoundSource(const CEngineLinkPtr& link, const char* name,
                                            E_STREAM_MODE mode)
     : Link(link), Name(name), StreamMode(mode) {
@@ -120,11 +131,13 @@ sonimbra::IFileReader* CSonimbraSoundSource::openFile(io::IFileSystem* fileSyste
     return fileSystem == nullptr ? nullptr : fileSystem->createAndOpenFile(Name.c_str());
 }
 
+/// Whoever is asked for the file may ask the source in turn.
 sonimbra::ISound* CSonimbraSoundSource::play(io::IFileSystem* fileSystem,
                                              const SSoundRequest* request) {
-    if (getEngine() == nullptr) {
+    if (getEngine() == nullptr || IsOpening) {
         return nullptr;
     }
+    const COpening opening(*this);
     if (CachedSamples) {
         return makeSoundFromSamples(request);
     }

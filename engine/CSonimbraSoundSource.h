@@ -73,6 +73,7 @@ protected:
 
 private:
     class CUse;
+    class COpening;
 
     /// How a sound is to be made.
     struct SSoundRequest {
@@ -99,6 +100,7 @@ private:
     std::atomic<float> DefaultMaxDistance{-1.0f};
     std::atomic<float> DefaultVolume{1.0f};
     bool SeekingSupported = true;
+    bool IsOpening = false; ///< its file is being opened, and decoded if it stays in memory
     CSonimbraSound* FirstSound = nullptr;
     counted_ptr<sonimbra::IRefCounted> DriverData;
 };

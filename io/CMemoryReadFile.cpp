@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace sn_internal::io {
 
@@ -14,6 +15,12 @@ CMemoryReadFile::CMemoryReadFile(const void* memory, std::int32_t len, const cha
       Buffer(static_cast<const char*>(memory)),
       Len(memory != nullptr && len > 0 ? len : 0),
       deleteMemoryWhenDropped(deleteMemory) {
+}
+
+CMemoryReadFile::CMemoryReadFile(std::shared_ptr<const char[]> memory, std::int32_t len,
+                                 const char* fileName)
+    : CMemoryReadFile(memory.get(), len, fileName, false) {
+    SharedMemory = std::move(memory);
 }
 
 CMemoryReadFile::~CMemoryReadFile() {

@@ -7,6 +7,8 @@
 
 #include <sonimbra/IFileReader.h>
 
+#include <memory>
+
 namespace sn_internal::io {
 
 /// Reads a block of memory in place. With deleteMemoryWhenDropped it releases the block, an array
@@ -15,6 +17,8 @@ class CMemoryReadFile final : public sonimbra::IFileReader {
 public:
     CMemoryReadFile(const void* memory, std::int32_t len, const char* fileName,
                     bool deleteMemoryWhenDropped);
+    /// Shares the memory.
+    CMemoryReadFile(std::shared_ptr<const char[]> memory, std::int32_t len, const char* fileName);
     ~CMemoryReadFile() override;
 
     std::int32_t read(void* buffer, std::uint32_t sizeToRead) override;
@@ -29,6 +33,7 @@ private:
     std::int32_t Len;
     std::uint32_t Pos = 0;
     bool deleteMemoryWhenDropped;
+    std::shared_ptr<const char[]> SharedMemory;
 };
 
 } // namespace sn_internal::io

@@ -33,11 +33,12 @@ private:
 CSonimbraSoftwareSound::CSonimbraSoftwareSound(const CEngineLinkPtr& link,
                                                CSonimbraSoundSource* source,
                                                sonimbra::IAudioStream* stream,
+                                               CSonimbraBufferedSamplesAudioStream* samples,
                                                std::int32_t outputRate, bool looped,
                                                float minDistance, float maxDistance)
     : CSonimbraSound(link, source, looped, minDistance, maxDistance),
       Resampler(counted_ptr<CSonimbraSoftwareStreamResamplerBase>::adopt(
-          createStreamResampler(outputRate, stream))) {
+          createStreamResampler(outputRate, stream, samples))) {
 }
 
 CSonimbraSoftwareSound::~CSonimbraSoftwareSound() {
@@ -70,6 +71,8 @@ std::uint32_t CSonimbraSoftwareSound::getPlayPosition() {
 }
 
 bool CSonimbraSoftwareSound::setPlayPosition(std::uint32_t milliseconds) {
+    // The decoder may call the application, which may end and drop the sound.
+    const auto held = counted_ptr<CSonimbraSound>::share(this);
     const CScopedLock lock(getLock());
     if (!isActive() || IsReading || Resampler->getSourceFormat().FrameCount < 1) {
         return false;
@@ -102,8 +105,8 @@ void CSonimbraSoftwareSound::releaseBuffer() {
     if (IsReading) {
         return;
     }
-    Resampler.reset();
     PlayedFrames = 0;
+    Resampler.reset();
 }
 
 void CSonimbraSoftwareSound::prefetchState() const {
@@ -126,25 +129,28 @@ void CSonimbraSoftwareSound::render(CMixBlock& block) {
 void CSonimbraSoftwareSound::renderFrames(CMixBlock& block) {
     std::int16_t* const frames = block.beginVoice();
     const std::int32_t channels = Resampler->getReadChannelCount();
-    const std::int32_t rendered = Resampler->readChannels(isAudible() ? frames : nullptr,
-                                                          block.getFrameCount(), PlaybackSpeed);
+    const bool isHeard = isAudible(); // which reading may change
+    const std::int32_t rendered =
+        Resampler->readChannels(isHeard ? frames : nullptr, block.getFrameCount(), PlaybackSpeed);
     PlayedFrames += truncatedToUint32(static_cast<float>(rendered) * PlaybackSpeed);
     if (rendered < block.getFrameCount()) {
-        renderEnd(block, frames, rendered);
-    } else if (isAudible()) {
+        renderEnd(block, isHeard ? frames : nullptr, rendered);
+    } else if (isHeard) {
         block.addVoice(channels, getGains());
     } else {
         block.addSilence();
     }
 }
 
+/// Frames of null are silence.
 void CSonimbraSoftwareSound::renderEnd(CMixBlock& block, const std::int16_t* frames,
                                        std::int32_t rendered) {
-    const bool isHeard = isAudible();
     std::int16_t* const scratch = block.getScratch();
-    if (isHeard && Resampler->getReadChannelCount() == 1) {
+    if (frames == nullptr) {
+        std::fill_n(scratch, 2 * block.getFrameCount(), std::int16_t(0));
+    } else if (Resampler->getReadChannelCount() == 1) {
         spread(frames, rendered, scratch);
-    } else if (isHeard) {
+    } else {
         std::copy_n(frames, 2 * rendered, scratch);
     }
     applyGains(scratch, block.getFrameCount(), getGains());
@@ -153,7 +159,7 @@ void CSonimbraSoftwareSound::renderEnd(CMixBlock& block, const std::int16_t* fra
     } else {
         finish(scratch, block.getFrameCount(), rendered);
     }
-    if (isHeard) {
+    if (frames != nullptr) {
         block.addScratch();
     }
 }

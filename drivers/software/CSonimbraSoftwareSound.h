@@ -16,10 +16,12 @@ class CMixBlock;
 /// It plays as long as it holds a resampler.
 class CSonimbraSoftwareSound : public CSonimbraSound {
 public:
-    /// Grabs the stream.
+    /// Grabs the stream. The samples are the stream once more when it is one over samples in
+    /// memory, null otherwise.
     CSonimbraSoftwareSound(const CEngineLinkPtr& link, CSonimbraSoundSource* source,
-                           sonimbra::IAudioStream* stream, std::int32_t outputRate, bool looped,
-                           float minDistance, float maxDistance);
+                           sonimbra::IAudioStream* stream,
+                           CSonimbraBufferedSamplesAudioStream* samples, std::int32_t outputRate,
+                           bool looped, float minDistance, float maxDistance);
     ~CSonimbraSoftwareSound() override;
 
     void setBufferVolume(float volume) override { BufferVolume = volume; }

@@ -4,6 +4,7 @@
 #include "drivers/software/CSonimbraWinMMSoundEngine.h"
 
 #include "core/log.h"
+#include "core/no_throw.h"
 #include "drivers/software/winmm_engine.h"
 
 #include <algorithm>
@@ -110,11 +111,13 @@ void CSonimbraWinMMSoundEngine::refillPlayedBuffers() {
         return;
     }
     IsRefilling = true;
-    for (WAVEHDR& header : Headers) {
-        if ((header.dwFlags & WHDR_DONE) != 0) {
-            refill(header);
+    withoutExceptions([this] {
+        for (WAVEHDR& header : Headers) {
+            if ((header.dwFlags & WHDR_DONE) != 0) {
+                refill(header);
+            }
         }
-    }
+    });
     IsRefilling = false;
 }
 

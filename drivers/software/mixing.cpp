@@ -14,6 +14,11 @@ bool isOne(float gain) {
     return std::fabs(gain - 1.0f) <= 0.000001f;
 }
 
+/// A position in 3D may be no number, and an infinite volume leaves none of a silent side.
+float numberOrSilence(float gain) {
+    return std::isnan(gain) ? 0.0f : gain;
+}
+
 } // namespace
 
 bool areOne(const SGains& gains) {
@@ -21,16 +26,13 @@ bool areOne(const SGains& gains) {
 }
 
 SGains gainsOf(float volume, float pan) {
-    if (std::isnan(volume)) {
-        return {0.0f, 0.0f}; // a position in 3D that is no number
-    }
     SGains gains = {1.0f, 1.0f};
     if (pan > 0.0f) {
         gains.right = limited(1.0f - 10.0f * pan, 0.0f, 1.0f);
     } else if (pan < 0.0f) {
         gains.left = limited(1.0f + 10.0f * pan, 0.0f, 1.0f);
     }
-    return {gains.left * volume, gains.right * volume};
+    return {numberOrSilence(gains.left * volume), numberOrSilence(gains.right * volume)};
 }
 
 void applyGains(std::int16_t* samples, std::int32_t frameCount, const SGains& gains) {

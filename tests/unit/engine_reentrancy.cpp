@@ -183,6 +183,76 @@ const SCall Calls[] = {
 INSTANTIATE_TEST_SUITE_P(Mixing, CallsFromDecoders, testing::ValuesIn(Calls),
                          [](const auto& test) { return test.param.name; });
 
+/// Reads its file after the application was called, and lets that end the sound at a seek.
+class CFileStream : public CCallingStream {
+public:
+    CFileStream(IFileReader& file, const std::function<void()>& call,
+                const std::function<void()>& atSeek)
+        : CCallingStream(streamFormat(1, 20000, 44100), call),
+          File(sn_internal::counted_ptr<IFileReader>::share(&file)),
+          AtSeek(atSeek) {}
+    bool setPosition(std::int32_t frame) override {
+        AtSeek();
+        return CCallingStream::setPosition(frame);
+    }
+    std::int32_t readFrames(void* target, std::int32_t frames) override {
+        const std::int32_t got = CCallingStream::readFrames(target, frames);
+        char byte = 0;
+        EXPECT_TRUE(File->seek(0) && File->read(&byte, 1) == 1 && byte == 7);
+        return got;
+    }
+
+private:
+    const sn_internal::counted_ptr<IFileReader> File;
+    const std::function<void()>& AtSeek;
+};
+
+TEST(Reentrancy, DecodersOutliveTheMemoryTheyReadAndTheSoundTheyMove) {
+    const OfflineEngine engine = offlineEngine();
+    std::function<void()> call = [] {}, atSeek = [] {};
+    addLoader(*engine.get(), ".y",
+              [&](IFileReader& file) { return new CFileStream(file, call, atSeek); });
+    char file[] = {7, 7};
+    ISoundSource* source = engine->addSoundSourceFromMemory(file, 2, "x.y", true);
+    source->setStreamMode(E_STREAM_MODE::Streaming);
+    Sound moved = playTracked(*engine.get(), source);
+    ISound* const bare = moved.get();
+    atSeek = [&] {
+        if (moved) {
+            bare->stop();
+            engine->update();
+            moved.reset();
+        }
+    };
+    bare->setPlayPosition(1);
+    const Sound quiet = playTracked(*engine.get(), source);
+    quiet->setVolume(0);
+    engine->update();
+    call = [&] { quiet->setVolume(1), engine->update(), engine->removeSoundSource("x.y"); };
+    rendered(*engine.get(), 8192);
+    EXPECT_TRUE(quiet->isFinished());
+}
+
+TEST(Reentrancy, WhatIsStartedFromInsideComesAfterwards) {
+    const OfflineEngine engine = offlineEngine();
+    addFactory(*engine.get(), "x.y", {1});
+    int starts = 0, opened = 0;
+    const std::function<void()> call = [&] {
+        ++starts;
+        engine->play2D("x.y");
+    };
+    addLoader(*engine.get(), ".y", [&](IFileReader&) {
+        const std::int32_t length = engine->getSoundSource("x.y")->getPlayLength();
+        EXPECT_EQ(length, ++opened == 1 ? -1 : 0); // asked for while it is being opened
+        return new CCallingStream(streamFormat(1, 10, 44100), call);
+    });
+    engine->getSoundSource("x.y")->setStreamMode(E_STREAM_MODE::Streaming);
+    engine->play2D("x.y");
+    rendered(*engine.get(), 1024);
+    EXPECT_LT(starts, 1000);
+    EXPECT_LT(opened, 1000);
+}
+
 TEST(Reentrancy, SourcesMayBeRemovedOrReloadedWhileTheyAreOpened) {
     for (const bool removed : {true, false}) {
         const OfflineEngine engine = offlineEngine();
