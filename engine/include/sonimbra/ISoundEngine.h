@@ -84,7 +84,8 @@ public:
                            bool preload = false) = 0;
 
     /// Adds an encoded file that stands in memory. Without copyMemory the bytes stay the caller's
-    /// and must live as long as the source and what plays it. Null for empty memory and for a name that exists.
+    /// and must live as long as the source and what plays it. Null for empty memory and for a name
+    /// that exists.
     virtual ISoundSource* addSoundSourceFromMemory(void* memory, std::int32_t sizeInBytes,
                                                    const char* soundName,
                                                    bool copyMemory = true) = 0;
