@@ -13,6 +13,7 @@ namespace sn_internal {
 ///
 /// DUMB defines every sample. Its own calls make the starts and ends of each portion of frames; the
 /// kernels take over the long middle, on the same state records, and leave them as DUMB would have.
+/// What is a mere copy needs no calls at the portions' borders either.
 /// Nothing is allocated.
 class CCubicChannels {
 public:

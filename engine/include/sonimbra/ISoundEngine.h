@@ -25,7 +25,8 @@ namespace sonimbra {
 /// Names and texts are UTF-8. Bad arguments (null names, null data) give null or false.
 class ISoundEngine : public virtual IRefCounted {
 public:
-    /// "DirectSound8", "DirectSound", "winMM", "NULL" or "Offline"; "Unknown" from the common base.
+    /// "DirectSound8", "DirectSound", "winMM", "ALSA", "NULL" or "Offline"; "Unknown" from the
+    /// common base.
     virtual const char* getDriverName() = 0;
 
     /// Plays a source without position. Returns the sound, with one reference for the caller, when
